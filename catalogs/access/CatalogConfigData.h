@@ -1,0 +1,39 @@
+// Where catalog files lie: what the host sets once, at start-up.
+#pragma once
+
+#include "catalogs/CatalogsExport.h"
+
+#include <QString>
+
+class ICatalogFileNameProvider;
+
+namespace Orvida::Catalogs {
+
+/// The process-wide location of catalog files: a folder, and the host's rule that names their files.
+///
+/// Not guarded: the host sets both before it asks for the first catalog, and not while another thread may
+/// ask for one.
+class ORVIDA_CATALOGS_EXPORT CatalogConfigData
+{
+public:
+    CatalogConfigData() = delete;
+
+    /// Sets the provider, in place of an earlier one; null switches the search for files off. Not owned.
+    static void setCatalogFileNameProvider(ICatalogFileNameProvider *provider);
+
+    /// Sets the folder, exactly as it is to stand before file names: it ends with a separator, unless the
+    /// provider's names begin with one. An empty or null folder leaves the names as they are.
+    static void setCatalogFolderPath(const QString &path);
+
+    /// The folder followed directly by the provider's name for the catalog `catalogId`.
+    ///
+    /// Null without a provider; the provider's empty answer, without the folder, for an identifier that it
+    /// does not know. Whether there is such a file is not looked at. Any thread may call it.
+    static QString findCatalogPath(const QString &catalogId);
+
+private:
+    static ICatalogFileNameProvider *m_catalogFileNameProvider;
+    static QString m_catalogFolderPath;
+};
+
+} // namespace Orvida::Catalogs

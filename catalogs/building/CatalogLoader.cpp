@@ -1,0 +1,20 @@
+#include "catalogs/building/CatalogLoader.h"
+
+#include "catalogs/reading/CatalogXMLParser.h"
+
+namespace Orvida::Catalogs {
+
+CatalogSptr CatalogLoader::loadCatalog(const QString &filePath, const QString &catalogId)
+{
+    CatalogXMLParser parser;
+    const auto catalog = CatalogSptr::create(catalogId);
+    catalog->getCatalogItems().insert(QStringLiteral(""), QSharedPointer<CatalogItem>::create());
+    if (!parser.readFile(filePath, catalog->getCatalogItems())) {
+        catalog->setStatus(Catalog::LoadFailed);
+        return catalog;
+    }
+    catalog->setStatus(Catalog::Loaded);
+    return catalog;
+}
+
+} // namespace Orvida::Catalogs

@@ -1,0 +1,115 @@
+#include "catalogs/model/Catalog.h"
+
+#include <QTextStream>
+
+#include <cstdio>
+#include <utility>
+
+namespace Orvida::Catalogs {
+
+namespace {
+
+// Written to standard output, where catalog authors look for it, and flushed at once, so that it keeps its
+// place among what the host writes there.
+void reportOrphan(const CatalogItem &item, const QString &catalogId)
+{
+    QTextStream out(stdout);
+    out.setCodec("UTF-8");
+    out << QStringLiteral("Parent of item: ") + item.caption() + QStringLiteral(" not found!\n")
+               + QStringLiteral("Item id: ") + item.id() + QStringLiteral("\n") + QStringLiteral("Catalog id: ")
+               + catalogId + QStringLiteral("\n");
+    out.flush();
+}
+
+} // namespace
+
+Catalog::Catalog(QString catalogId) : m_catalogId(std::move(catalogId)) {}
+
+Catalog::~Catalog()
+{
+    cutLoops();
+    // Items that the host keeps must not look for their profile in a catalog that is gone.
+    for (const QSharedPointer<CatalogItem> &item : std::as_const(m_items)) {
+        if (item && item->catalog() == this)
+            item->setCatalog(nullptr);
+    }
+}
+
+void Catalog::setStatus(CatalogStatus status)
+{
+    m_status = status;
+    if (status == Loaded)
+        buildRelations();
+}
+
+void Catalog::setContinousDefectCodes(const QString &profile, const QHash<QString, QString> &codes)
+{
+    m_continousDefectCodes.insert(profile, codes);
+}
+
+void Catalog::buildRelations()
+{
+    for (const QSharedPointer<CatalogItem> &item : std::as_const(m_items)) {
+        if (!item)
+            continue;
+        item->setCatalog(this);
+        if (item->id().isEmpty()) {
+            m_itemsByCode.insert(item->code(), item);
+            continue;
+        }
+        if (const QSharedPointer<CatalogItem> parent = parentOf(*item))
+            parent->addChildItem(item);
+        else
+            reportOrphan(*item, m_catalogId);
+        if (!item->code().isEmpty())
+            registerCode(item);
+    }
+    rememberLoops();
+}
+
+QSharedPointer<CatalogItem> Catalog::parentOf(const CatalogItem &item) const
+{
+    return m_items.value(item.parentId());
+}
+
+// The first item with a code answers for it, until a child of that item has the same code.
+void Catalog::registerCode(const QSharedPointer<CatalogItem> &item)
+{
+    QSharedPointer<CatalogItem> &registered = m_itemsByCode[item->code()];
+    if (!registered || registered->id() == item->parentId())
+        registered = item;
+}
+
+// Items on a parent loop hold each other and would outlive the catalog for good, so each loop is cut in one
+// place when the catalog goes. The places are found here, because looking for them takes memory, which a
+// destructor must not need. Every item is walked over once: each walk goes up from an item until it meets
+// the root, an orphan or an item that was walked over before, and it has found a loop when that is one of
+// its own.
+void Catalog::rememberLoops()
+{
+    m_loopLinks.clear();
+    for (const QSharedPointer<CatalogItem> &item : std::as_const(m_items)) {
+        if (item)
+            item->m_ancestorWalk = 0;
+    }
+    int walk = 0;
+    for (const QSharedPointer<CatalogItem> &start : std::as_const(m_items)) {
+        ++walk;
+        QSharedPointer<CatalogItem> item = start;
+        while (item && item->m_ancestorWalk == 0 && !item->id().isEmpty()) {
+            item->m_ancestorWalk = walk;
+            const QSharedPointer<CatalogItem> parent = parentOf(*item);
+            if (parent && parent->m_ancestorWalk == walk)
+                m_loopLinks.append({parent, item});
+            item = parent;
+        }
+    }
+}
+
+void Catalog::cutLoops()
+{
+    for (const auto &[parent, child] : std::as_const(m_loopLinks))
+        parent->m_childItems.removeAll(child);
+}
+
+} // namespace Orvida::Catalogs

@@ -1,0 +1,105 @@
+// One loaded coding catalog: its items, its profile and its continuous-defect codes.
+#pragma once
+
+#include "catalogs/CatalogsExport.h"
+#include "catalogs/model/CatalogItem.h"
+
+#include <QHash>
+#include <QList>
+#include <QPair>
+#include <QSharedPointer>
+#include <QString>
+
+namespace Orvida::Catalogs {
+
+/// A coding catalog. The loader makes and fills it; every holder of a `CatalogSptr` sees the same object.
+///
+/// The catalog owns its items together with whoever else holds them; items do not keep the catalog alive.
+/// There is no lock, and even look-ups write (those that give a reference insert what is missing): the
+/// host lets one thread at a time use one catalog. Nothing here fails or logs; orphans alone are reported,
+/// on standard output. Keys are compared exactly, letter case included; a null and an empty text are the
+/// same key.
+class ORVIDA_CATALOGS_EXPORT Catalog
+{
+public:
+    /// How far loading has come.
+    enum CatalogStatus : qint32 {
+        NotLoaded = 0,  ///< The loader has not finished.
+        Loaded = 1,     ///< The catalog is complete and linked.
+        LoadFailed = 2, ///< The file could not be read.
+    };
+
+    /// An empty catalog for `catalogId`, which may be any text: status `NotLoaded`, null profile.
+    explicit Catalog(QString catalogId);
+    /// Releases the items. Those that the host still holds live on with their children, without a catalog.
+    ~Catalog();
+    Q_DISABLE_COPY(Catalog)
+
+    /// The identifier that the catalog was requested with.
+    QString catalogId() const { return m_catalogId; }
+
+    /// The items by id, writable; the root lies under the empty key. Belongs to the catalog. Items added
+    /// after the catalog was linked are in the table, but not in the tree.
+    QHash<QString, QSharedPointer<CatalogItem>> &getCatalogItems() { return m_items; }
+
+    CatalogStatus status() const { return m_status; }
+    /// Stores the status. `Loaded` links the items by `buildRelations`, on every such call.
+    void setStatus(CatalogStatus status);
+    /// Whether the status is `Loaded`.
+    bool IsValid() const { return m_status == Loaded; }
+
+    /// Key of the current profile; null when the file has no profiles.
+    QString profile() const { return m_profile; }
+    /// Any key is accepted; fields and codes of an unknown profile are empty.
+    void setProfile(const QString &profile) { m_profile = profile; }
+
+    /// The table's place for the item `id`. For an unknown id an empty pointer is added to the table and
+    /// that is the result. The empty id gives the root of a loaded catalog. The reference is valid until
+    /// the table changes, which the next look-up may do.
+    QSharedPointer<CatalogItem> &getItemById(const QString &id) { return m_items[id]; }
+
+    /// The place for the item that answers for `code`; otherwise as `getItemById`. The empty code gives the
+    /// root. Where a child bears the code of its parent, the child answers for it.
+    QSharedPointer<CatalogItem> &getItem(const QString &code) { return m_itemsByCode[code]; }
+
+    /// Stores a copy of `codes` for the profile with the key `profile`, in place of earlier ones.
+    void setContinousDefectCodes(const QString &profile, const QHash<QString, QString> &codes);
+
+    /// The continuous-defect codes of the current profile, from a code's internal text to its item text.
+    /// When there are none, an empty table is added for the profile and that is the result. The reference
+    /// is valid until codes are stored or asked for under another profile.
+    QHash<QString, QString> &getContinousDefectCodes() { return m_continousDefectCodes[m_profile]; }
+
+    /// Hangs every item under the one that its parent id names, gives it this catalog, and fills the items
+    /// by code. `setStatus` calls it; a second call would add every child to its parent once more.
+    ///
+    /// An item whose parent is not in the catalog is reported on standard output, in three lines of UTF-8,
+    /// and is left out of the tree; it stays reachable by id and by code. Empty pointers in the table are
+    /// passed over. Parent ids may form a loop: its items are linked to each other like all others.
+    void buildRelations();
+
+private:
+    using ItemTable = QHash<QString, QSharedPointer<CatalogItem>>;
+
+    QSharedPointer<CatalogItem> parentOf(const CatalogItem &item) const;
+    void registerCode(const QSharedPointer<CatalogItem> &item);
+    void rememberLoops();
+    void cutLoops();
+
+    // Every item by id, the root under the empty key. Filled by the loader and the parser.
+    ItemTable m_items;
+    // The item that answers for each code. Filled by buildRelations.
+    ItemTable m_itemsByCode;
+    QString m_catalogId;
+    CatalogStatus m_status = NotLoaded;
+    QString m_profile;
+    // By profile key. Filled by the loader.
+    QHash<QString, QHash<QString, QString>> m_continousDefectCodes;
+    // Per parent loop, the item and the child with which the loop closes.
+    QList<QPair<QSharedPointer<CatalogItem>, QSharedPointer<CatalogItem>>> m_loopLinks;
+};
+
+/// The form in which catalogs leave the library.
+using CatalogSptr = QSharedPointer<Catalog>;
+
+} // namespace Orvida::Catalogs

@@ -1,0 +1,96 @@
+#include "catalogs/model/CatalogItem.h"
+
+#include "catalogs/model/Catalog.h"
+#include "catalogs/model/SortOrdering_p.h"
+
+#include <new>
+#include <utility>
+#include <vector>
+
+namespace Orvida::Catalogs {
+
+namespace {
+
+using ChildItems = QList<QSharedPointer<CatalogItem>>;
+
+// Child lists of destroyed items, waiting for the outermost destructor of this thread to release them.
+thread_local std::vector<ChildItems> *waitingLists = nullptr;
+
+// Releasing a child destroys it when nobody else holds it, and that would release its children in turn, as
+// deep as the tree is. So only the outermost destructor releases; those that it causes hand their lists to
+// it and are done.
+void releaseChildren(ChildItems children)
+{
+    std::vector<ChildItems> waiting;
+    waitingLists = &waiting;
+    children.clear();
+    while (!waiting.empty()) {
+        const ChildItems released = std::move(waiting.back());
+        waiting.pop_back();
+    }
+    waitingLists = nullptr;
+}
+
+int sortOrderOfItem(const QSharedPointer<CatalogItem> &item)
+{
+    return item ? item->sortOrder() : 0;
+}
+
+int sortOrderOfField(const CatalogInputField &field)
+{
+    return field.sortOrder();
+}
+
+} // namespace
+
+CatalogItem::CatalogItem() = default;
+
+CatalogItem::~CatalogItem()
+{
+    if (m_childItems.isEmpty())
+        return;
+    if (!waitingLists) {
+        releaseChildren(std::move(m_childItems));
+        return;
+    }
+    try {
+        waitingLists->push_back(std::move(m_childItems));
+    } catch (const std::bad_alloc &) {
+        // No memory to wait in: the list goes with its item, one level deeper on the stack.
+    }
+}
+
+void CatalogItem::addChildItem(const QSharedPointer<CatalogItem> &child)
+{
+    m_childItems.append(child);
+}
+
+const QList<QSharedPointer<CatalogItem>> &CatalogItem::getChildItems()
+{
+    if (!m_childItemsSorted) {
+        orderBySortOrder(m_childItems, sortOrderOfItem);
+        m_childItemsSorted = true;
+    }
+    return m_childItems;
+}
+
+void CatalogItem::addField(const QString &profile, const CatalogInputField &field)
+{
+    m_fields[profile].append(field);
+}
+
+const QList<CatalogInputField> &CatalogItem::getFields()
+{
+    static const QList<CatalogInputField> noFields;
+    if (!m_catalog)
+        return noFields;
+    const QString profile = m_catalog->profile();
+    QList<CatalogInputField> &fields = m_fields[profile];
+    if (!m_sortedProfiles.contains(profile)) {
+        orderBySortOrder(fields, sortOrderOfField);
+        m_sortedProfiles.insert(profile);
+    }
+    return fields;
+}
+
+} // namespace Orvida::Catalogs

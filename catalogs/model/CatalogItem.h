@@ -1,0 +1,143 @@
+// One node of a catalog's code tree.
+#pragma once
+
+#include "catalogs/CatalogsExport.h"
+#include "catalogs/model/CatalogInputField.h"
+
+#include <QFlags>
+#include <QHash>
+#include <QList>
+#include <QSet>
+#include <QSharedPointer>
+#include <QString>
+
+namespace Orvida::Catalogs {
+
+class Catalog;
+
+/// A code class, a base code or a character extension; which of them shows in where it hangs in the tree.
+///
+/// Items live in `QSharedPointer`s that the catalog's tables, the child list of the parent and the host
+/// share. A child does not hold its parent, and no item holds its catalog: who keeps items keeps their
+/// `CatalogSptr` as well. An item that outlives its catalog stays whole, children included, but has no
+/// catalog any more. There is no lock, and the first `getChildItems` and `getFields` write: the host lets
+/// one thread at a time use the items of one catalog.
+class ORVIDA_CATALOGS_EXPORT CatalogItem
+{
+public:
+    /// A type flag. The meaning of the bits belongs to the host; the library carries the number of the
+    /// file unchanged, so there are no enumerators and any value is valid.
+    enum TypeFlag : int {};
+
+    /// An item with null texts, numbers 0, flags false, no catalog, no children and no fields.
+    CatalogItem();
+    /// Releases the children. However deep the tree below is, the stack is not.
+    ~CatalogItem();
+    Q_DISABLE_COPY(CatalogItem)
+
+    /// Key of the item in its catalog; empty for the root.
+    const QString &id() const { return m_id; }
+    /// Key of the parent item; empty for the root and for code classes, whose parent is the root.
+    const QString &parentId() const { return m_parentId; }
+    /// Text shown for the item.
+    const QString &caption() const { return m_caption; }
+    /// The observation code; empty for code classes.
+    const QString &code() const { return m_code; }
+    /// Codes that may follow this one.
+    const QString &followers() const { return m_followers; }
+    /// Free for the host; the library leaves it null.
+    const QString &item() const { return m_item; }
+    /// Remarks for the inspector.
+    const QString &remarks() const { return m_remarks; }
+    /// Free for the host; the library leaves it null.
+    const QString &iconId() const { return m_iconId; }
+    /// Text of an observation with this code; names such as "@CLK" in it stand for the values of fields.
+    const QString &observationText() const { return m_observationText; }
+    /// Code that ends an observation begun with this one.
+    const QString &closeCode() const { return m_closeCode; }
+    /// Type flags, as the file has them.
+    QFlags<TypeFlag> typeFlags() const { return m_typeFlags; }
+    /// Place among the siblings; any number, negative ones too.
+    int sortOrder() const { return m_sortOrder; }
+    /// Construction type, as the file has it; its meaning belongs to the host.
+    int constructionType() const { return m_constructionType; }
+    /// Whether recording the code takes a picture by itself.
+    bool autoPicture() const { return m_autoPicture; }
+    /// Whether the item only groups others.
+    bool isVirtual() const { return m_isVirtual; }
+    /// The catalog of the item, not owned: null until the catalog has linked its items, and after the
+    /// catalog is gone.
+    Catalog *catalog() { return m_catalog; }
+
+    void setId(const QString &id) { m_id = id; }
+    void setParentId(const QString &parentId) { m_parentId = parentId; }
+    void setCaption(const QString &caption) { m_caption = caption; }
+    void setCode(const QString &code) { m_code = code; }
+    void setFollowers(const QString &followers) { m_followers = followers; }
+    void setItem(const QString &item) { m_item = item; }
+    void setRemarks(const QString &remarks) { m_remarks = remarks; }
+    void setIconId(const QString &iconId) { m_iconId = iconId; }
+    void setObservationText(const QString &text) { m_observationText = text; }
+    void setCloseCode(const QString &code) { m_closeCode = code; }
+    void setTypeFlags(QFlags<TypeFlag> typeFlags) { m_typeFlags = typeFlags; }
+    void setSortOrder(int sortOrder) { m_sortOrder = sortOrder; }
+    void setConstructionType(int type) { m_constructionType = type; }
+    void setAutoPicture(bool autoPicture) { m_autoPicture = autoPicture; }
+    void setIsVirtual(bool isVirtual) { m_isVirtual = isVirtual; }
+    /// Null is allowed; the item does not own the catalog.
+    void setCatalog(Catalog *catalog) { m_catalog = catalog; }
+
+    /// Appends `child` to the children, which then share it. The same child may be added twice and is then
+    /// listed twice. After the first `getChildItems` a new child stays at the end, whatever its sort
+    /// order. A null child is listed too and counts as sort order 0.
+    void addChildItem(const QSharedPointer<CatalogItem> &child);
+
+    /// The children by ascending sort order; empty when there are none.
+    ///
+    /// The first call orders them, for good. Children of equal sort order come in the order in which the
+    /// ordering leaves them, which is always the same for the same children added in the same order. The
+    /// list belongs to the item and stays valid until the item goes or gets another child.
+    const QList<QSharedPointer<CatalogItem>> &getChildItems();
+
+    /// Appends a copy of `field` to the fields of the profile with the key `profile`, which may be any key.
+    /// After the first `getFields` for that profile a new field stays at the end.
+    void addField(const QString &profile, const CatalogInputField &field);
+
+    /// The fields of the catalog's current profile by ascending sort order; empty when there are none, and
+    /// when the item has no catalog.
+    ///
+    /// The first call for a profile orders its fields, for good; it also notes the profile when there are
+    /// no fields. The list belongs to the item and stays valid until the item goes or a field is added.
+    const QList<CatalogInputField> &getFields();
+
+private:
+    friend class Catalog;
+
+    QString m_id;
+    QString m_parentId;
+    QString m_caption;
+    QString m_code;
+    QString m_followers;
+    QString m_item;
+    QString m_remarks;
+    QString m_iconId;
+    QString m_observationText;
+    QString m_closeCode;
+    QFlags<TypeFlag> m_typeFlags;
+    int m_sortOrder = 0;
+    int m_constructionType = 0;
+    bool m_autoPicture = false;
+    bool m_isVirtual = false;
+    Catalog *m_catalog = nullptr;
+    // In the order in which they were added, until the first getChildItems orders them.
+    QList<QSharedPointer<CatalogItem>> m_childItems;
+    // By profile key; each list in the order in which it was added to, until its first getFields.
+    QHash<QString, QList<CatalogInputField>> m_fields;
+    bool m_childItemsSorted = false;
+    // Keys of the profiles whose fields were ordered.
+    QSet<QString> m_sortedProfiles;
+    // The catalog's own mark while it looks for parent loops.
+    int m_ancestorWalk = 0;
+};
+
+} // namespace Orvida::Catalogs

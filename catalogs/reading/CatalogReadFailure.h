@@ -1,0 +1,33 @@
+// Why a catalog file could not be read, for whoever has to mend the file. A plain value.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace Orvida::Catalogs {
+
+/// What `CatalogXMLParser::readFile` stumbled over, and where.
+struct CatalogReadFailure
+{
+    /// What kind of failure it was.
+    enum Reason {
+        None,          ///< Nothing failed.
+        FileNotRead,   ///< The file could not be opened, or reading it broke off.
+        NotWellFormed, ///< The file is no well-formed XML, or ends too early.
+        RecordRefused, ///< A record lacks a key that it must have.
+    };
+
+    Reason reason = None;
+    /// Line and column, both from 1: where the XML breaks, or where the refused record begins. 0 when the
+    /// file could not be opened.
+    qint64 line = 0;
+    qint64 column = 0;
+    /// What the system or the XML reader says about it; empty for a refused record.
+    QString detail;
+    /// Element name of the refused record, such as "CATPRO"; otherwise empty.
+    QString record;
+    /// Names of the fields that are missing or empty in the refused record, in a fixed order.
+    QStringList missingFields;
+};
+
+} // namespace Orvida::Catalogs

@@ -1,0 +1,53 @@
+# What every target of this project is compiled with. Used by the folders' CMakeLists.txt; nothing here
+# reaches a host that links the libraries.
+
+# Compiler habits of all our own targets: strict warnings, and Qt without its implicit conversions and
+# keyword macros.
+function(orvida_target_options target)
+  target_compile_features(${target} PUBLIC cxx_std_17)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor)
+  if(ORVIDA_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  target_compile_definitions(${target} PRIVATE
+    QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
+endfunction()
+
+# A shared library of the product: hidden unless exported, soname with the major version, every symbol
+# resolved when it is linked (sanitizer runtimes resolve theirs in the executable).
+function(orvida_library_options target)
+  orvida_target_options(${target})
+  set_target_properties(${target} PROPERTIES
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON
+    VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR})
+  if(NOT ORVIDA_SANITIZE AND NOT ORVIDA_FUZZ)
+    target_link_options(${target} PRIVATE LINKER:--no-undefined)
+  endif()
+endfunction()
+
+# The build tree serves headers under the same spelling as an installation ("catalogs/model/Catalog.h").
+# Each library has an include root of its own, a folder with one link to its sources: with the source
+# folder itself as root, "shared/..." would still find our stand-in when a host has put its own layer in
+# its place. Gives the root in the variable `result`.
+function(orvida_include_root folder result)
+  set(root ${PROJECT_BINARY_DIR}/include-${folder})
+  file(MAKE_DIRECTORY ${root})
+  if(NOT EXISTS ${root}/${folder})
+    file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${root}/${folder} SYMBOLIC)
+  endif()
+  set(${result} ${root} PARENT_SCOPE)
+endfunction()
+
+# Public headers of `target`, listed relative to their folder: installed with their folders, and compiled
+# one by one in the dev preset to prove that each stands alone.
+function(orvida_public_headers target folder)
+  orvida_include_root(${folder} root)
+  list(TRANSFORM ARGN PREPEND ${root}/${folder}/)
+  target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${root} FILES ${ARGN})
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${root}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/orvida>)
+endfunction()
