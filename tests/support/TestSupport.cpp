@@ -1,0 +1,152 @@
+#include "support/TestSupport.h"
+
+#include "catalogs/access/CatalogConfigData.h"
+#include "catalogs/reading/ScrambledText.h"
+
+#include <QFile>
+#include <QLoggingCategory>
+#include <QMutexLocker>
+
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+
+namespace Orvida::Tests {
+
+namespace {
+
+QMutex logMutex;
+QStringList logged;
+QtMessageHandler earlierHandler = nullptr;
+
+void collect(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    static const QHash<QtMsgType, QString> levels = {{QtDebugMsg, QStringLiteral("debug")},
+                                                     {QtInfoMsg, QStringLiteral("info")},
+                                                     {QtWarningMsg, QStringLiteral("warning")},
+                                                     {QtCriticalMsg, QStringLiteral("critical")},
+                                                     {QtFatalMsg, QStringLiteral("fatal")}};
+    const QMutexLocker lock(&logMutex);
+    logged.append(QString::fromUtf8(context.category) + QLatin1Char('|') + levels.value(type) + QLatin1Char('|')
+                  + message);
+}
+
+} // namespace
+
+QString CatalogFolder::write(const QString &name, const QByteArray &content) const
+{
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("cannot write %s", qUtf8Printable(file.fileName()));
+    return file.fileName();
+}
+
+QString CatalogFolder::path(const QString &name) const
+{
+    return m_folder.filePath(name);
+}
+
+QByteArray catalogXml(const QByteArray &records)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<OVCAT>\n" + records + "</OVCAT>\n";
+}
+
+QByteArray field(const char *name, const QString &text)
+{
+    return QByteArray("  <") + name + '>' + text.toHtmlEscaped().toUtf8() + "</" + name + ">\n";
+}
+
+QByteArray scrambled(const char *name, const QString &text)
+{
+    return field(name, Catalogs::ScrambledText::encode(text));
+}
+
+LogCapture::LogCapture()
+{
+    const QMutexLocker lock(&logMutex);
+    logged.clear();
+    QLoggingCategory::setFilterRules(QStringLiteral("*=true"));
+    earlierHandler = qInstallMessageHandler(collect);
+}
+
+LogCapture::~LogCapture()
+{
+    qInstallMessageHandler(earlierHandler);
+    QLoggingCategory::setFilterRules(QString());
+}
+
+QStringList LogCapture::messages() const
+{
+    const QMutexLocker lock(&logMutex);
+    return logged;
+}
+
+StandardOutputCapture::StandardOutputCapture()
+{
+    std::fflush(stdout);
+    char name[] = "/tmp/orvida-output-XXXXXX";
+    m_captureFile = mkstemp(name);
+    m_savedOutput = dup(STDOUT_FILENO);
+    if (m_captureFile < 0 || m_savedOutput < 0 || dup2(m_captureFile, STDOUT_FILENO) < 0)
+        qFatal("cannot capture standard output");
+    unlink(name);
+}
+
+StandardOutputCapture::~StandardOutputCapture()
+{
+    restore();
+}
+
+QByteArray StandardOutputCapture::take()
+{
+    // Not flushed first: what the library has not flushed by itself does not count as written.
+    QFile file;
+    if (lseek(m_captureFile, 0, SEEK_SET) != 0 || !file.open(m_captureFile, QIODevice::ReadOnly))
+        qFatal("cannot read the captured output");
+    const QByteArray written = file.readAll();
+    restore();
+    return written;
+}
+
+void StandardOutputCapture::restore()
+{
+    if (m_savedOutput < 0)
+        return;
+    std::fflush(stdout);
+    dup2(m_savedOutput, STDOUT_FILENO);
+    close(m_savedOutput);
+    close(m_captureFile);
+    m_savedOutput = -1;
+}
+
+FileTable::FileTable()
+{
+    Catalogs::CatalogConfigData::setCatalogFolderPath(QString());
+    Catalogs::CatalogConfigData::setCatalogFileNameProvider(this);
+}
+
+FileTable::~FileTable()
+{
+    Catalogs::CatalogConfigData::setCatalogFileNameProvider(nullptr);
+}
+
+void FileTable::add(const QString &catalogId, const QString &path)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_paths.insert(catalogId, path);
+}
+
+int FileTable::questions(const QString &catalogId) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_questions.value(catalogId);
+}
+
+QString FileTable::getCatalogFileName(const QString &catalogId) const
+{
+    const QMutexLocker lock(&m_mutex);
+    ++m_questions[catalogId];
+    return m_paths.value(catalogId);
+}
+
+} // namespace Orvida::Tests

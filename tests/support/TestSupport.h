@@ -1,0 +1,83 @@
+// What several tests need: catalog files made of text, and guards for what is process-wide.
+#pragma once
+
+#include "catalogs/access/ICatalogFileNameProvider.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QMutex>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace Orvida::Tests {
+
+/// A folder with files, removed when it goes.
+class CatalogFolder
+{
+public:
+    /// Writes `content` into the file `name` and gives its path.
+    QString write(const QString &name, const QByteArray &content) const;
+    /// Path of the file `name`, whether it exists or not.
+    QString path(const QString &name) const;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+/// `records` inside the root element of a catalog file.
+QByteArray catalogXml(const QByteArray &records);
+
+/// One field element, its text escaped; `scrambled` also puts it into its scrambled form.
+QByteArray field(const char *name, const QString &text);
+QByteArray scrambled(const char *name, const QString &text);
+
+/// Collects what is logged while it lives, each as "category|level|message" (levels: debug, info, warning,
+/// critical), with all levels of the library's categories switched on. Any thread may log. One at a time.
+class LogCapture
+{
+public:
+    LogCapture();
+    ~LogCapture();
+    Q_DISABLE_COPY(LogCapture)
+
+    QStringList messages() const;
+};
+
+/// Collects what is written to standard output while it lives, whatever writes it.
+class StandardOutputCapture
+{
+public:
+    StandardOutputCapture();
+    ~StandardOutputCapture();
+    Q_DISABLE_COPY(StandardOutputCapture)
+
+    /// Ends the capture and gives what was written since it began.
+    QByteArray take();
+
+private:
+    void restore();
+
+    int m_captureFile = -1;
+    int m_savedOutput = -1;
+};
+
+/// A provider that knows the files it was told, counts its questions, and is the library's provider, with
+/// an empty folder, while it lives.
+class FileTable : public ICatalogFileNameProvider
+{
+public:
+    FileTable();
+    ~FileTable() override;
+
+    void add(const QString &catalogId, const QString &path);
+    int questions(const QString &catalogId) const;
+    QString getCatalogFileName(const QString &catalogId) const override;
+
+private:
+    mutable QMutex m_mutex;
+    QHash<QString, QString> m_paths;
+    mutable QHash<QString, int> m_questions;
+};
+
+} // namespace Orvida::Tests
