@@ -120,9 +120,10 @@ bool CatalogXMLParser::readFile(const QString &fileName, Items &items)
     if (!openFile(fileName))
         return false;
     while (hasMore(*m_reader)) {
-        // The next token begins where the last one ended.
+        // The next token begins where the last one ended. A text has ended at a tag, and the reader is
+        // then one character into it.
         const qint64 line = m_reader->lineNumber();
-        const qint64 column = m_reader->columnNumber() + 1;
+        const qint64 column = m_reader->columnNumber() + (m_reader->isCharacters() ? 0 : 1);
         m_reader->readNext();
         if (m_reader->isStartElement() && !readSection(items)) {
             describeFailure(line, column);

@@ -1,0 +1,45 @@
+// Loads one catalog file the way a host application does.
+#pragma once
+
+#include "catalogs/access/ICatalogFileNameProvider.h"
+#include "catalogs/model/Catalog.h"
+
+#include <QString>
+
+#include <memory>
+
+class QTemporaryFile;
+
+namespace Orvida::Tools {
+
+/// One file of a catalog author, opened as a host would: through the manager, with a provider of its own.
+/// It is the library's provider while it lives, so there is one session at a time.
+class CatalogSession : private ICatalogFileNameProvider
+{
+public:
+    /// For the file `fileName`; "-" stands for standard input.
+    explicit CatalogSession(const QString &fileName);
+    ~CatalogSession() override;
+    Q_DISABLE_COPY(CatalogSession)
+
+    /// Loads the catalog; empty when that fails, and then standard error says why. What the library itself
+    /// writes to standard output goes to standard error as well.
+    Catalogs::CatalogSptr load();
+
+    /// Whether the catalog supports 3D.
+    bool supports3D() const;
+
+    /// The file as messages name it: without its folders, or "<standard input>".
+    QString displayName() const;
+
+private:
+    QString getCatalogFileName(const QString &catalogId) const override;
+    bool readStandardInput();
+    void reportFailure() const;
+
+    const QString m_fileName;
+    QString m_path;
+    std::unique_ptr<QTemporaryFile> m_standardInput;
+};
+
+} // namespace Orvida::Tools

@@ -1,0 +1,36 @@
+// How the tool's text looks: colours, and texts of a catalog made fit for one line of a terminal.
+#pragma once
+
+#include <QString>
+
+namespace Orvida::Tools {
+
+/// When to write in colour.
+enum class ColorChoice {
+    Auto, ///< On a terminal, unless NO_COLOR is set or the terminal is a dumb one.
+    Always,
+    Never,
+};
+
+/// Decorates texts for a terminal; leaves them alone when colour is off.
+class OutputStyle
+{
+public:
+    /// Decides by `choice` and, for `Auto`, by where standard output goes and by the environment.
+    explicit OutputStyle(ColorChoice choice);
+
+    QString code(const QString &text) const;
+    QString line(const QString &text) const;
+    QString title(const QString &text) const;
+
+    /// `text` on one line: line breaks become blanks, other control characters become U+FFFD, so that a
+    /// catalog can neither break the layout nor steer the terminal.
+    static QString singleLine(const QString &text);
+
+private:
+    QString decorated(const char *sequence, const QString &text) const;
+
+    bool m_hasColor = false;
+};
+
+} // namespace Orvida::Tools
