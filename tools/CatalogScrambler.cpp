@@ -14,7 +14,7 @@ namespace {
 bool isScrambledField(const QString &name)
 {
     static const QSet<QString> names = {
-        QStringLiteral("COL_Column_ID"), QStringLiteral("COL_Caption"), QStringLiteral("LC_Class_ID"),
+        QStringLiteral("COL_Column_ID"), QStringLiteral("COL_Caption"),  QStringLiteral("LC_Class_ID"),
         QStringLiteral("LC_Caption"),    QStringLiteral("LIST_Caption"), QStringLiteral("CLASS_Item"),
         QStringLiteral("BC_Item"),       QStringLiteral("BC_Code"),      QStringLiteral("BC_ObsText"),
         QStringLiteral("CE_Item"),       QStringLiteral("CE_Code"),      QStringLiteral("CE_ObsText"),

@@ -20,10 +20,8 @@ QString position(const CatalogReadFailure &failure)
 QString problem(const CatalogReadFailure &failure)
 {
     switch (failure.reason) {
-    case CatalogReadFailure::FileNotRead:
-        return QStringLiteral("cannot read the file: ") + failure.detail;
-    case CatalogReadFailure::NotWellFormed:
-        return QStringLiteral("not well-formed XML: ") + failure.detail;
+    case CatalogReadFailure::FileNotRead: return QStringLiteral("cannot read the file: ") + failure.detail;
+    case CatalogReadFailure::NotWellFormed: return QStringLiteral("not well-formed XML: ") + failure.detail;
     case CatalogReadFailure::RecordRefused:
         return failure.record + QStringLiteral(" record without ")
                + failure.missingFields.join(QStringLiteral(" and without "));
@@ -48,8 +46,9 @@ QString remedy(const CatalogReadFailure &failure)
     case CatalogReadFailure::RecordRefused:
         for (const QString &field : failure.missingFields) {
             if (isScrambledKey(field))
-                return QStringLiteral("give the record a %1 in scrambled form; a text in the clear may read as "
-                                      "empty there.")
+                return QStringLiteral(
+                           "give the record a %1 in scrambled form; a text in the clear may read as "
+                           "empty there.")
                     .arg(field);
         }
         return QStringLiteral("give the record a %1 that is not empty, or remove the record; one such record "

@@ -69,7 +69,8 @@ int TreeView::countItems(const ItemPointer &root)
 
 void TreeView::printItem(const QString &indentation, int depth, bool isLast, const CatalogItem &item)
 {
-    const QString branch = isLast ? QStringLiteral("\u2514\u2500\u2500 ") : QStringLiteral("\u251C\u2500\u2500 ");
+    const QString branch =
+        isLast ? QStringLiteral("\u2514\u2500\u2500 ") : QStringLiteral("\u251C\u2500\u2500 ");
     m_out << m_style.line(indentation + branch);
     if (depth > deepestDrawnLevel)
         m_out << m_style.line(QStringLiteral("+%1 ").arg(depth - deepestDrawnLevel));

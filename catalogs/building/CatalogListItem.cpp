@@ -17,7 +17,8 @@ CatalogListItem::CatalogListItem(const QString &key, const QString &caption, con
     : ListItem(QVariant(key), caption, itemText), m_placeHolder(placeHolder)
 {
     CLogger::logMessage(CLogger::Debug, logCategory,
-                        QStringLiteral("Catalog item created key:") + key + QStringLiteral(" value:") + itemText);
+                        QStringLiteral("Catalog item created key:") + key + QStringLiteral(" value:")
+                            + itemText);
     if (key.trimmed().isEmpty())
         CLogger::logMessage(CLogger::Error, logCategory,
                             QStringLiteral("Catalog item created with empty key!"));

@@ -1,5 +1,8 @@
 #include "catalogs/building/CatalogLoader.h"
 
+#include "catalogs/building/InputFields_p.h"
+#include "catalogs/building/ListLookup_p.h"
+#include "catalogs/building/ProfileResolution_p.h"
 #include "catalogs/reading/CatalogXMLParser.h"
 
 namespace Orvida::Catalogs {
@@ -13,6 +16,8 @@ CatalogSptr CatalogLoader::loadCatalog(const QString &filePath, const QString &c
         catalog->setStatus(Catalog::LoadFailed);
         return catalog;
     }
+    buildInputFields(parser, *catalog, buildListLookup(parser, *catalog));
+    catalog->setProfile(resolveProfile(parser));
     catalog->setStatus(Catalog::Loaded);
     return catalog;
 }

@@ -16,8 +16,8 @@ void reportOrphan(const CatalogItem &item, const QString &catalogId)
     QTextStream out(stdout);
     out.setCodec("UTF-8");
     out << QStringLiteral("Parent of item: ") + item.caption() + QStringLiteral(" not found!\n")
-               + QStringLiteral("Item id: ") + item.id() + QStringLiteral("\n") + QStringLiteral("Catalog id: ")
-               + catalogId + QStringLiteral("\n");
+               + QStringLiteral("Item id: ") + item.id() + QStringLiteral("\n")
+               + QStringLiteral("Catalog id: ") + catalogId + QStringLiteral("\n");
     out.flush();
 }
 

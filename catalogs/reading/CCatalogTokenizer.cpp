@@ -15,6 +15,8 @@ struct NamedToken
     const Token token;
 };
 
+// clang-format off
+
 // One row per name: the spelling in the file is the spelling of the enumerator.
 #define ORVIDA_NAMED(Enum, name) {QStringLiteral(#name), CCatalogTokenizer::Enum::name}
 
@@ -185,6 +187,8 @@ const NamedToken<CCatalogTokenizer::ParameterExtensionToken> parameterExtensionT
 
 #undef ORVIDA_NAMED
 
+// clang-format on
+
 template <typename Token, std::size_t count>
 std::unique_ptr<const QHash<QStringRef, Token>> tableOf(const NamedToken<Token> (&names)[count])
 {
@@ -232,7 +236,8 @@ CCatalogTokenizer::ProfileToken CCatalogTokenizer::stringToProfileToken(const QS
     return m_tokenizer.m_profileTokens->value(name);
 }
 
-CCatalogTokenizer::ProfileExtensionToken CCatalogTokenizer::stringToProfileExtensionToken(const QStringRef &name)
+CCatalogTokenizer::ProfileExtensionToken
+CCatalogTokenizer::stringToProfileExtensionToken(const QStringRef &name)
 {
     return m_tokenizer.m_profileExtensionTokens->value(name);
 }
@@ -262,7 +267,8 @@ CCatalogTokenizer::BaseCodeToken CCatalogTokenizer::stringToBaseCodeToken(const 
     return m_tokenizer.m_baseCodeTokens->value(name);
 }
 
-CCatalogTokenizer::CharacterExtensionToken CCatalogTokenizer::stringToCharacterExtensionToken(const QStringRef &name)
+CCatalogTokenizer::CharacterExtensionToken
+CCatalogTokenizer::stringToCharacterExtensionToken(const QStringRef &name)
 {
     return m_tokenizer.m_characterExtensionTokens->value(name);
 }
@@ -272,7 +278,8 @@ CCatalogTokenizer::ParameterToken CCatalogTokenizer::stringToParameterToken(cons
     return m_tokenizer.m_parameterTokens->value(name);
 }
 
-CCatalogTokenizer::ParameterExtensionToken CCatalogTokenizer::stringToParameterExtensionToken(const QStringRef &name)
+CCatalogTokenizer::ParameterExtensionToken
+CCatalogTokenizer::stringToParameterExtensionToken(const QStringRef &name)
 {
     return m_tokenizer.m_parameterExtensionTokens->value(name);
 }

@@ -1,0 +1,112 @@
+#include "catalogs/building/InputFields_p.h"
+
+#include "catalogs/model/Catalog.h"
+#include "catalogs/reading/CatalogXMLParser.h"
+#include "shared/CLogger.h"
+#include "shared/DoubleFormater.h"
+
+#include <QSet>
+
+namespace Orvida::Catalogs {
+
+namespace {
+
+using Logging::CLogger;
+using Shared::DoubleFormater;
+using Shared::InputField;
+
+// A clock position reads as a span of the clock, from prefix to suffix, whatever its type and range.
+bool isClockPosition(const CatalogInputField &field)
+{
+    return field.observationTextParamName().toUpper() == QLatin1String("@CLK");
+}
+
+bool hasRange(const CatalogInputField &field)
+{
+    const QString minimum = field.minimumValue();
+    const QString maximum = field.maximumValue();
+    return field.dataType() != InputField::Boolean && minimum != maximum && !minimum.isEmpty()
+           && !maximum.isEmpty();
+}
+
+// The markers are replaced in one pass, so that a percent sign in a caption stays what it is.
+QString composedCaption(const QString &caption, const CatalogInputField &field)
+{
+    if (isClockPosition(field))
+        return QStringLiteral("%1 (%2 x %3)").arg(caption, field.prefix(), field.suffix());
+    if (!hasRange(field))
+        return caption;
+    return QStringLiteral("%1 (%2 - %3)")
+        .arg(caption, DoubleFormater::toString(field.minimumValue(), field.inputFormat()),
+             DoubleFormater::toString(field.maximumValue(), field.inputFormat()));
+}
+
+// All of a field that does not depend on the profile.
+CatalogInputField commonField(const CatalogParserParamExtended &extension,
+                              const CatalogParserParameter &parameter)
+{
+    CatalogInputField field;
+    field.setBoundColumn(extension.columnId);
+    field.setDefaultValue(extension.defaultValue);
+    field.setDisplayFormat(extension.displayFormat);
+    field.setInputFormat(extension.inputFormat);
+    field.setIsMandatory(extension.mandatory);
+    field.setMaximumTextLength(extension.length);
+    field.setMaximumValue(extension.rangeTo);
+    field.setMinimumValue(extension.rangeFrom);
+    field.setStep(extension.steps);
+    field.setObservationTextParamName(parameter.placeholder);
+    field.setPrefix(parameter.prefix);
+    field.setSuffix(parameter.suffix);
+    field.setUnit(parameter.unit);
+    field.setPrecission(extension.precision);
+    field.setSortOrder(parameter.sortOrder);
+    field.setDataType(static_cast<InputField::DataType>(parameter.dataType));
+    field.setTypeFlags(static_cast<TypeFlags>(parameter.typeFlags));
+    field.setCaption(composedCaption(parameter.caption, field));
+    return field;
+}
+
+// Adds the field of each profile that has the column; of two such columns of one profile the first counts.
+void addFields(CatalogItem &item, const CatalogParserParamExtended &extension,
+               const CatalogParserParameter &parameter, const QList<CatalogParserColumn> &columns,
+               const ListLookup &lists)
+{
+    if (columns.isEmpty())
+        return;
+    const CatalogInputField common = commonField(extension, parameter);
+    QSet<QString> seenProfiles;
+    for (const CatalogParserColumn &column : columns) {
+        if (seenProfiles.contains(column.profileFk))
+            continue;
+        seenProfiles.insert(column.profileFk);
+        CatalogInputField field = common;
+        field.setIsReadonly(column.readOnly);
+        field.setIsVisible(column.visible);
+        if (!extension.listClassId.isEmpty()) {
+            const auto entries = lists.value(column.profileFk).value(extension.listClassId);
+            if (!entries.isEmpty())
+                field.setItemList(entries);
+        }
+        item.addField(column.profileFk, field);
+    }
+}
+
+} // namespace
+
+void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const ListLookup &lists)
+{
+    for (const CatalogParserParamExtended &extension : parser.m_parameterExtensions) {
+        const QString &itemKey = extension.baseCodeFk.isEmpty() ? extension.charExtFk : extension.baseCodeFk;
+        const QSharedPointer<CatalogItem> item = catalog.getCatalogItems().value(itemKey);
+        if (!item) {
+            CLogger::logMessage(CLogger::Error, QStringLiteral("CatalogLoader"),
+                                QStringLiteral("Catalog item ") + itemKey + QStringLiteral(" not found!"));
+            continue;
+        }
+        addFields(*item, extension, parser.m_parameters.value(extension.paramFk),
+                  parser.m_columns.value(extension.columnId), lists);
+    }
+}
+
+} // namespace Orvida::Catalogs

@@ -1,0 +1,58 @@
+#include "catalogs/building/ProfileResolution_p.h"
+
+#include "catalogs/reading/CatalogXMLParser.h"
+
+#include <algorithm>
+
+namespace Orvida::Catalogs {
+
+namespace {
+
+using Profiles = QList<CatalogParserProfile>;
+using Extensions = QList<CatalogParserProfileExtended>;
+using Mark = bool CatalogParserProfileExtended::*;
+
+// Which of several profiles with one sort order comes first shows in the choice. Hosts know the order of an
+// introspective sort: median of three, insertion for ranges of up to 16, so that up to 16 profiles keep
+// their file order. The standard library's own sort is exactly that one; a test notices if it ever changes.
+Profiles sortedProfiles(Profiles profiles)
+{
+    std::sort(profiles.begin(), profiles.end(),
+              [](const CatalogParserProfile &a, const CatalogParserProfile &b) {
+                  return a.sortOrder < b.sortOrder;
+              });
+    return profiles;
+}
+
+// The profile that the first extension with `mark` names; null without such an extension or profile. Later
+// extensions with the mark are not looked at.
+const CatalogParserProfile *markedProfile(const Profiles &profiles, const Extensions &extensions, Mark mark)
+{
+    const auto extension =
+        std::find_if(extensions.cbegin(), extensions.cend(),
+                     [mark](const CatalogParserProfileExtended &candidate) { return candidate.*mark; });
+    if (extension == extensions.cend())
+        return nullptr;
+    const auto profile =
+        std::find_if(profiles.cbegin(), profiles.cend(), [&extension](const CatalogParserProfile &candidate) {
+            return candidate.pk == extension->profileFk;
+        });
+    return profile == profiles.cend() ? nullptr : &*profile;
+}
+
+} // namespace
+
+QString resolveProfile(const CatalogXMLParser &parser)
+{
+    if (parser.m_profiles.isEmpty())
+        return QString();
+    const Profiles profiles = sortedProfiles(parser.m_profiles);
+    for (const Mark mark :
+         {&CatalogParserProfileExtended::isStart, &CatalogParserProfileExtended::isOrvida}) {
+        if (const CatalogParserProfile *profile = markedProfile(profiles, parser.m_profileExtensions, mark))
+            return profile->pk;
+    }
+    return profiles.first().pk;
+}
+
+} // namespace Orvida::Catalogs

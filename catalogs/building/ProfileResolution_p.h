@@ -1,0 +1,16 @@
+// A step of loading: chooses the catalog's current profile. For the library's own use.
+#pragma once
+
+#include <QString>
+
+namespace Orvida::Catalogs {
+
+class CatalogXMLParser;
+
+/// Key of the profile that a file's marks and sort orders choose; null when the file has no profile.
+///
+/// The profile that the first start mark names, else the one that the first application mark names, else
+/// the one with the lowest sort order. A mark that names no profile of the file does not count.
+QString resolveProfile(const CatalogXMLParser &parser);
+
+} // namespace Orvida::Catalogs
