@@ -2,7 +2,6 @@
 
 #include "catalogs/access/CatalogConfigData.h"
 #include "catalogs/access/CatalogManager.h"
-#include "catalogs/reading/CatalogXMLParser.h"
 #include "tools/LoadFailureText.h"
 #include "tools/StandardOutputDiversion.h"
 
@@ -34,13 +33,45 @@ Catalogs::CatalogSptr CatalogSession::load()
     const Catalogs::CatalogSptr catalog = CatalogManager::instance()->getCatalog(m_fileName);
     if (catalog->IsValid())
         return catalog;
-    reportFailure();
+    // The manager only tells that a load failed. Reading the file once more tells why.
+    const QString name = m_standardInput ? displayName() : m_fileName;
+    if (!readRecords())
+        std::fputs(loadFailureText(name, m_records->failure()).toUtf8().constData(), stderr);
     return {};
 }
 
 bool CatalogSession::supports3D() const
 {
     return CatalogManager::instance()->is3DSupportedCatalog(m_fileName);
+}
+
+qint64 CatalogSession::style() const
+{
+    return Catalogs::CatalogXMLParser().readCatalogStyleFlag(m_path);
+}
+
+const Catalogs::CatalogXMLParser &CatalogSession::records()
+{
+    if (!m_records && !readRecords())
+        m_records = std::make_unique<Catalogs::CatalogXMLParser>();
+    return *m_records;
+}
+
+QStringList CatalogSession::profiles()
+{
+    const Catalogs::CatalogXMLParser &file = records();
+    QStringList keys;
+    for (const auto &profile : file.m_profiles)
+        keys << profile.pk;
+    for (const auto &listClass : file.m_listClasses)
+        keys << listClass.profileFk;
+    for (const auto &columns : file.m_columns) {
+        for (const auto &column : columns)
+            keys << column.profileFk;
+    }
+    keys.sort();
+    keys.removeDuplicates();
+    return keys;
 }
 
 QString CatalogSession::displayName() const
@@ -74,14 +105,11 @@ bool CatalogSession::readStandardInput()
     return isCopied;
 }
 
-// The manager only tells that a load failed. Reading the file once more tells why.
-void CatalogSession::reportFailure() const
+bool CatalogSession::readRecords()
 {
-    Catalogs::CatalogXMLParser parser;
+    m_records = std::make_unique<Catalogs::CatalogXMLParser>();
     QHash<QString, QSharedPointer<Catalogs::CatalogItem>> items;
-    Q_UNUSED(parser.readFile(m_path, items))
-    const QString name = m_standardInput ? displayName() : m_fileName;
-    std::fputs(loadFailureText(name, parser.failure()).toUtf8().constData(), stderr);
+    return m_records->readFile(m_path, items);
 }
 
 } // namespace Orvida::Tools

@@ -3,8 +3,10 @@
 
 #include "catalogs/access/ICatalogFileNameProvider.h"
 #include "catalogs/model/Catalog.h"
+#include "catalogs/reading/CatalogXMLParser.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -29,17 +31,28 @@ public:
     /// Whether the catalog supports 3D.
     bool supports3D() const;
 
+    /// The value of the file's style, of which `supports3D` is one bit.
+    qint64 style() const;
+
+    /// The records of the file, read when they are first asked for: a loaded catalog does not tell which
+    /// profiles there are, nor by which list class a field got its entries. Only after `load`.
+    const Catalogs::CatalogXMLParser &records();
+
+    /// Keys of all profiles that the file defines, or files a column or a list under, sorted.
+    QStringList profiles();
+
     /// The file as messages name it: without its folders, or "<standard input>".
     QString displayName() const;
 
 private:
     QString getCatalogFileName(const QString &catalogId) const override;
     bool readStandardInput();
-    void reportFailure() const;
+    bool readRecords();
 
     const QString m_fileName;
     QString m_path;
     std::unique_ptr<QTemporaryFile> m_standardInput;
+    std::unique_ptr<Catalogs::CatalogXMLParser> m_records;
 };
 
 } // namespace Orvida::Tools

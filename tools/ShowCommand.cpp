@@ -1,11 +1,16 @@
 #include "tools/ShowCommand.h"
 
 #include "tools/CatalogSession.h"
+#include "tools/CodeForm.h"
+#include "tools/CommandOutput.h"
+#include "tools/DisplayOrder.h"
 #include "tools/ExitStatus.h"
+#include "tools/FieldText.h"
+#include "tools/LogOutput.h"
+#include "tools/NearNames.h"
 #include "tools/TreeView.h"
 
 #include <QStringList>
-#include <QTextStream>
 
 #include <cstdio>
 
@@ -13,12 +18,16 @@ namespace Orvida::Tools {
 
 namespace {
 
+using Catalogs::Catalog;
+using Catalogs::CatalogInputField;
+using Catalogs::CatalogItem;
+
 QString counted(int count, const QString &noun)
 {
     return QStringLiteral("%1 %2%3").arg(count).arg(noun, count == 1 ? QString() : QStringLiteral("s"));
 }
 
-QString summary(const CatalogSession &session, Catalogs::Catalog &catalog)
+QString summary(const CatalogSession &session, Catalog &catalog)
 {
     QStringList facts;
     if (!catalog.profile().isEmpty())
@@ -33,25 +42,77 @@ QString summary(const CatalogSession &session, Catalogs::Catalog &catalog)
                                    + facts.join(QStringLiteral(", ")));
 }
 
+// Says that there is no such name, and which ones come near it.
+int reportUnknown(const QString &kind, const QString &name, const QStringList &names)
+{
+    QStringList near = nearNames(name, names);
+    QString text = QStringLiteral("orvida-catalog: no %1 %2 in this catalog").arg(kind, name);
+    if (!near.isEmpty())
+        text += QStringLiteral("; did you mean %1?").arg(near.join(QStringLiteral(", ")));
+    std::fputs((OutputStyle::singleLine(text) + QLatin1Char('\n')).toUtf8().constData(), stderr);
+    return AnswerIsNo;
+}
+
+void printTree(CommandOutput &output, const OutputStyle &style, CatalogSession &session, Catalog &catalog,
+               bool showsFields)
+{
+    TreeView::Details details = [](CatalogItem &) { return QStringList(); };
+    if (showsFields) {
+        const ListNames listNames(session.records());
+        details = [listNames](CatalogItem &item) {
+            QStringList lines;
+            for (const CatalogInputField &field : displayedFields(item))
+                lines << fieldLine(field, listNames.nameOf(item, field));
+            return lines;
+        };
+    }
+    output.stream() << style.title(summary(session, catalog)) << '\n';
+    TreeView(output.stream(), style).print(catalog.getItemById(QString()), details);
+}
+
+int printCode(CommandOutput &output, const OutputStyle &style, CatalogSession &session, Catalog &catalog,
+              const QString &code)
+{
+    QStringList codes;
+    QList<QSharedPointer<CatalogItem>> found;
+    for (const auto &item : displayedItems(catalog)) {
+        codes << item->code();
+        if (item->code() == code && !code.isEmpty())
+            found << item;
+    }
+    if (found.isEmpty())
+        return reportUnknown(QStringLiteral("code"), code, codes);
+    const ListNames listNames(session.records());
+    CodeForm form(output.stream(), style, listNames);
+    for (const auto &item : found) {
+        if (item != found.first())
+            output.stream() << '\n';
+        form.print(catalog, *item);
+    }
+    return Done;
+}
+
 } // namespace
 
 int show(const ShowOptions &options)
 {
+    const LogOutput log(options.showsLog);
     CatalogSession session(options.fileName);
     const Catalogs::CatalogSptr catalog = session.load();
     if (!catalog)
         return NotReadable;
+    if (options.hasProfile) {
+        if (!session.profiles().contains(options.profile))
+            return reportUnknown(QStringLiteral("profile"), options.profile, session.profiles());
+        catalog->setProfile(options.profile);
+    }
 
     const OutputStyle style(options.color);
-    QTextStream out(stdout);
-    out.setCodec("UTF-8");
-    out << style.title(summary(session, *catalog)) << '\n';
-    TreeView(out, style).print(catalog->getItemById(QString()));
-    out.flush();
-    if (out.status() == QTextStream::Ok)
-        return Done;
-    std::fputs("orvida-catalog: error: cannot write to standard output\n", stderr);
-    return NotReadable;
+    CommandOutput output;
+    if (options.hasCode)
+        return output.finish(printCode(output, style, session, *catalog, options.code));
+    printTree(output, style, session, *catalog, options.showsFields);
+    return output.finish(Done);
 }
 
 } // namespace Orvida::Tools

@@ -11,6 +11,12 @@ namespace Orvida::Tools {
 struct ShowOptions
 {
     QString fileName;
+    QString code;    ///< Print this code as a form; not asked for when `hasCode` is false.
+    QString profile; ///< Look at this profile; not asked for when `hasProfile` is false.
+    bool hasCode = false;
+    bool hasProfile = false;
+    bool showsFields = false;
+    bool showsLog = false;
     ColorChoice color = ColorChoice::Auto;
 };
 

@@ -1,6 +1,8 @@
 #include "tools/TreeView.h"
 
-#include <vector>
+#include "tools/DisplayOrder.h"
+
+#include <QStringList>
 
 namespace Orvida::Tools {
 
@@ -13,30 +15,10 @@ using ItemPointer = QSharedPointer<CatalogItem>;
 // take a million times a million characters.
 constexpr int deepestDrawnLevel = 40;
 
-// The siblings at one level of the tree, and the one that comes next.
-struct Level
-{
-    QList<ItemPointer> items;
-    int next = 0;
-};
-
-// Visits everything below `root` in display order: visit(item, depth, isLast), depth from 0.
-template <typename Visit>
-void walk(const ItemPointer &root, Visit visit)
-{
-    std::vector<Level> levels{{root->getChildItems(), 0}};
-    while (!levels.empty()) {
-        Level &level = levels.back();
-        if (level.next == level.items.size()) {
-            levels.pop_back();
-            continue;
-        }
-        const ItemPointer item = level.items.at(level.next++);
-        visit(item, static_cast<int>(levels.size()) - 1, level.next == level.items.size());
-        if (!item->getChildItems().isEmpty())
-            levels.push_back({item->getChildItems(), 0});
-    }
-}
+const QString gap = QStringLiteral("    ");
+const QString passingLine = QStringLiteral("\u2502   ");
+const QString branch = QStringLiteral("\u251C\u2500\u2500 ");
+const QString lastBranch = QStringLiteral("\u2514\u2500\u2500 ");
 
 QString label(const CatalogItem &item)
 {
@@ -47,36 +29,42 @@ QString label(const CatalogItem &item)
 
 } // namespace
 
-void TreeView::print(const ItemPointer &root)
+void TreeView::print(const ItemPointer &root, const Details &details)
 {
     // What stands left of an item at each depth above it: a line that goes on, or a gap.
     QString indentation;
-    walk(root, [this, &indentation](const ItemPointer &item, int depth, bool isLast) {
-        const int drawnDepth = qMin(depth, deepestDrawnLevel);
-        indentation.truncate(4 * drawnDepth);
+    printDetails(indentation, *root, details);
+    walkTree(root, [&](const ItemPointer &item, int depth, bool isLast) {
+        indentation.truncate(4 * qMin(depth, deepestDrawnLevel));
         printItem(indentation, depth, isLast, *item);
+        const QString below = indentation + (isLast ? gap : passingLine);
+        printDetails(below + (item->getChildItems().isEmpty() ? gap : passingLine), *item, details);
         if (depth < deepestDrawnLevel)
-            indentation += isLast ? QStringLiteral("    ") : QStringLiteral("\u2502   ");
+            indentation = below;
     });
 }
 
 int TreeView::countItems(const ItemPointer &root)
 {
     int count = 0;
-    walk(root, [&count](const ItemPointer &, int, bool) { ++count; });
+    walkTree(root, [&count](const ItemPointer &, int, bool) { ++count; });
     return count;
 }
 
 void TreeView::printItem(const QString &indentation, int depth, bool isLast, const CatalogItem &item)
 {
-    const QString branch =
-        isLast ? QStringLiteral("\u2514\u2500\u2500 ") : QStringLiteral("\u251C\u2500\u2500 ");
-    m_out << m_style.line(indentation + branch);
+    m_out << m_style.line(indentation + (isLast ? lastBranch : branch));
     if (depth > deepestDrawnLevel)
         m_out << m_style.line(QStringLiteral("+%1 ").arg(depth - deepestDrawnLevel));
     const QString code = OutputStyle::singleLine(item.code());
     const QString text = OutputStyle::singleLine(label(item));
     m_out << m_style.code(code) << (code.isEmpty() || text.isEmpty() ? "" : "  ") << text << '\n';
+}
+
+void TreeView::printDetails(const QString &indentation, CatalogItem &item, const Details &details)
+{
+    for (const QString &detail : details(item))
+        m_out << m_style.line(indentation) << OutputStyle::singleLine(detail) << '\n';
 }
 
 } // namespace Orvida::Tools

@@ -5,26 +5,32 @@
 #include "tools/OutputStyle.h"
 
 #include <QSharedPointer>
+#include <QString>
 #include <QTextStream>
+
+#include <functional>
 
 namespace Orvida::Tools {
 
-/// Prints a catalog's tree, a line per item, children in display order. Works without recursion, so that
-/// the depth of a catalog does not matter.
+/// Prints a catalog's tree, a line per item and, if asked for, further lines under an item.
 class TreeView
 {
 public:
-    /// Writes to `out`, which must outlive the view.
+    /// Gives the lines to print under an item.
+    using Details = std::function<QStringList(Catalogs::CatalogItem &)>;
+
+    /// Writes to `out`, which must outlive the view, as `style` must.
     TreeView(QTextStream &out, const OutputStyle &style) : m_out(out), m_style(style) {}
 
-    /// Prints everything below `root`, but not `root` itself, which has no code and no caption.
-    void print(const QSharedPointer<Catalogs::CatalogItem> &root);
+    /// Prints everything below `root`; of `root` itself, which has no code and no caption, only `details`.
+    void print(const QSharedPointer<Catalogs::CatalogItem> &root, const Details &details);
 
     /// Number of items below `root`.
     static int countItems(const QSharedPointer<Catalogs::CatalogItem> &root);
 
 private:
     void printItem(const QString &indentation, int depth, bool isLast, const Catalogs::CatalogItem &item);
+    void printDetails(const QString &indentation, Catalogs::CatalogItem &item, const Details &details);
 
     QTextStream &m_out;
     const OutputStyle &m_style;

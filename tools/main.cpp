@@ -1,8 +1,10 @@
 // The command-line tool orvida-catalog: takes the call apart and hands it to a subcommand.
 #include "tools/ExitStatus.h"
+#include "tools/JsonCommand.h"
 #include "tools/ShowCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <QString>
 #include <QTextCodec>
 
 #include <iostream>
@@ -51,6 +53,52 @@ void addColorOption(CLI::App &command, ColorChoice &color)
         ->option_text("auto|always|never");
 }
 
+// An option that takes a text; notes that it was given, since an empty text is one too.
+void addTextOption(CLI::App &command, const char *name, QString &text, bool &isGiven, const char *help)
+{
+    command
+        .add_option_function<std::string>(
+            name,
+            [&text, &isGiven](const std::string &value) {
+                text = QString::fromStdString(value);
+                isGiven = true;
+            },
+            help)
+        ->option_text("TEXT");
+}
+
+void addFile(CLI::App &command, QString &fileName)
+{
+    command
+        .add_option_function<std::string>(
+            "FILE", [&fileName](const std::string &value) { fileName = QString::fromStdString(value); },
+            "Catalog file; - is standard input")
+        ->option_text(" ")
+        ->required();
+}
+
+CLI::App *addShow(CLI::App &app, ShowOptions &options)
+{
+    CLI::App *command = app.add_subcommand("show", "Print the tree of codes of a catalog file.");
+    addFile(*command, options.fileName);
+    addTextOption(*command, "--code", options.code, options.hasCode, "Print this code as a form instead");
+    addTextOption(*command, "--profile", options.profile, options.hasProfile,
+                  "Look at the profile with this key, not at the one that the catalog chooses");
+    command->add_flag("--fields", options.showsFields, "Print the input fields under each code")
+        ->excludes("--code");
+    command->add_flag("--log", options.showsLog, "Print all log messages of the load on standard error");
+    addColorOption(*command, options.color);
+    return command;
+}
+
+CLI::App *addJson(CLI::App &app, JsonOptions &options)
+{
+    CLI::App *command = app.add_subcommand("json", "Print a whole catalog file as JSON.");
+    addFile(*command, options.fileName);
+    command->add_flag("--compact", options.isCompact, "All on one line, without white space");
+    return command;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -59,19 +107,17 @@ int main(int argc, char **argv)
     CLI::App app("Looks into the coding catalogs of inspection standards.", "orvida-catalog");
     app.set_version_flag("--version", "orvida-catalog " ORVIDA_VERSION);
     app.require_subcommand(1);
-    app.footer("Exit status: 0 done, 1 the answer is no, 2 a file could not be read, 3 wrong usage.");
+    app.footer("Exit status: 0 done, 1 the answer is no (an unknown code or profile), 2 a file could not be\n"
+               "read or loaded, 3 wrong usage.");
 
     ShowOptions showOptions;
-    std::string fileName;
-    CLI::App *showCommand = app.add_subcommand("show", "Print the tree of codes of a catalog file.");
-    showCommand->add_option("FILE", fileName, "Catalog file; - is standard input")->required();
-    addColorOption(*showCommand, showOptions.color);
-
+    JsonOptions jsonOptions;
+    const CLI::App *showCommand = addShow(app, showOptions);
+    addJson(app, jsonOptions);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
         return endWithoutRunning(app, error);
     }
-    showOptions.fileName = QString::fromLocal8Bit(fileName.c_str());
-    return show(showOptions);
+    return showCommand->parsed() ? show(showOptions) : json(jsonOptions);
 }

@@ -1,0 +1,26 @@
+# The library exports its public classes and nothing else. Inline functions of Qt classes that the compiler
+# did not inline stand in every program; they do not count.
+include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
+set(classes Catalog CatalogConfigData CatalogInputField CatalogItem CatalogListItem CatalogLoader
+  CatalogManager CatalogXMLParser ScrambledText)
+list(JOIN classes "|" names)
+set(public "Orvida::Catalogs::(${names})::|CCatalogTokenizer::|ICatalogFileNameProvider::")
+set(meta "(vtable|typeinfo|typeinfo name) for (Orvida::Catalogs::(${names})|ICatalogFileNameProvider)$")
+
+run(${NM} --dynamic --defined-only --demangle ${LIBRARY})
+string(REPLACE ";" "," output "${output}")
+string(REPLACE "\n" ";" lines "${output}")
+foreach(line IN LISTS lines)
+  string(REGEX REPLACE "^[0-9a-f]+ " "" symbol "${line}")
+  if(symbol MATCHES "^. (${public}|${meta})" OR symbol MATCHES "^[WVu] .*(Q[A-Z][A-Za-z]+|qt_|qHash|swap)")
+    continue()
+  endif()
+  if(NOT symbol STREQUAL "")
+    message(SEND_ERROR "exported, but not public: ${symbol}")
+  endif()
+endforeach()
+foreach(class IN LISTS classes)
+  if(NOT output MATCHES " T Orvida::Catalogs::${class}::")
+    message(SEND_ERROR "not exported: ${class}")
+  endif()
+endforeach()

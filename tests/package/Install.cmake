@@ -1,0 +1,21 @@
+# Installs into a scratch prefix: the headers, each of them and no private one.
+include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
+file(REMOVE_RECURSE ${SCRATCH_DIR})
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${PREFIX})
+
+foreach(folder catalogs shared)
+  file(GLOB_RECURSE expected RELATIVE ${SOURCE_DIR} ${SOURCE_DIR}/${folder}/*.h)
+  list(FILTER expected EXCLUDE REGEX "_p\\.h$")
+  file(GLOB_RECURSE installed RELATIVE ${PREFIX}/${INCLUDEDIR}/orvida
+    ${PREFIX}/${INCLUDEDIR}/orvida/${folder}/*)
+  list(SORT expected)
+  list(SORT installed)
+  if(NOT installed STREQUAL expected)
+    message(FATAL_ERROR "installed headers:\n${installed}\nexpected:\n${expected}")
+  endif()
+endforeach()
+
+run(${PREFIX}/bin/orvida-catalog show ${SAMPLES}tunnels.xml)
+if(NOT output MATCHES "^tunnels.xml: profile ROUTE, ")
+  message(FATAL_ERROR "the installed tool printed:\n${output}")
+endif()

@@ -1,0 +1,36 @@
+// Prints one code as the form that an inspector fills in.
+#pragma once
+
+#include "catalogs/model/Catalog.h"
+#include "tools/ListNames.h"
+#include "tools/OutputStyle.h"
+
+#include <QTextStream>
+
+namespace Orvida::Tools {
+
+/// Prints a code: its path, its own properties, and its fields for the catalog's current profile with all
+/// that they know and their list entries.
+class CodeForm
+{
+public:
+    /// Everything that is given must outlive the form.
+    CodeForm(QTextStream &out, const OutputStyle &style, const ListNames &listNames)
+        : m_out(out), m_style(style), m_listNames(listNames)
+    {
+    }
+
+    void print(Catalogs::Catalog &catalog, Catalogs::CatalogItem &item);
+
+private:
+    void printHead(Catalogs::Catalog &catalog, const Catalogs::CatalogItem &item);
+    void printField(const Catalogs::CatalogItem &item, const Catalogs::CatalogInputField &field);
+    void printEntries(const QList<Shared::ListItem> &entries);
+    void printProperty(const QString &indentation, const QString &label, const QString &text);
+
+    QTextStream &m_out;
+    const OutputStyle &m_style;
+    const ListNames &m_listNames;
+};
+
+} // namespace Orvida::Tools
