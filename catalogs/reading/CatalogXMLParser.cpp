@@ -74,6 +74,15 @@ bool hasMore(const QXmlStreamReader &reader)
     return !reader.atEnd() && !reader.hasError();
 }
 
+// The next token begins where the last one ended, but Qt has then read on: one character, into the tag that
+// ended a text, or two, into the root element of a document without a declaration.
+int charactersAhead(const QXmlStreamReader &reader)
+{
+    if (reader.isCharacters())
+        return 1;
+    return reader.isStartDocument() && reader.documentVersion().isEmpty() ? 2 : 0;
+}
+
 // Reads one record, from its start tag to its own end tag: hands each known field with its text to `store`.
 // Only the first piece of text after a field's start tag counts; unknown fields and what nests in a field
 // are passed over. False when the file ends, or its XML breaks, inside the record.
@@ -120,10 +129,8 @@ bool CatalogXMLParser::readFile(const QString &fileName, Items &items)
     if (!openFile(fileName))
         return false;
     while (hasMore(*m_reader)) {
-        // The next token begins where the last one ended. A text has ended at a tag, and the reader is
-        // then one character into it.
         const qint64 line = m_reader->lineNumber();
-        const qint64 column = m_reader->columnNumber() + (m_reader->isCharacters() ? 0 : 1);
+        const qint64 column = m_reader->columnNumber() + 1 - charactersAhead(*m_reader);
         m_reader->readNext();
         if (m_reader->isStartElement() && !readSection(items)) {
             describeFailure(line, column);
