@@ -1,7 +1,13 @@
-# The host in the README is the tiny host of the package tests, to the letter.
+# What the README shows is true: its host is the tiny host of the package tests, and its form of a code is
+# what the tool prints, to the letter.
+include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
 file(READ ${SOURCE_DIR}/README.md readme)
-file(READ ${SOURCE_DIR}/tests/package/host/main.cpp example)
-string(FIND "${readme}" "```cpp\n${example}```" position)
-if(position EQUAL -1)
-  message(FATAL_ERROR "README.md does not show tests/package/host/main.cpp as it is")
-endif()
+file(READ ${SOURCE_DIR}/tests/package/host/main.cpp host)
+run(${BUILD_DIR}/tools/orvida-catalog show --code ERG ${BUILD_DIR}/samples/tunnels.xml)
+
+foreach(block "```cpp\n${host}```" "$ orvida-catalog show --code ERG tunnels.xml\n${output}```")
+  string(FIND "${readme}" "${block}" position)
+  if(position EQUAL -1)
+    message(SEND_ERROR "README.md does not show this as it is:\n${block}")
+  endif()
+endforeach()

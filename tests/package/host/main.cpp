@@ -1,27 +1,23 @@
 #include "catalogs/access/CatalogConfigData.h"
 #include "catalogs/access/CatalogManager.h"
 #include "catalogs/access/ICatalogFileNameProvider.h"
-
 #include <QTextStream>
 
 using namespace Orvida::Catalogs;
 
-class Names : public ICatalogFileNameProvider
+struct Names : ICatalogFileNameProvider
 {
-    QString getCatalogFileName(const QString &id) const override { return id + QStringLiteral(".xml"); }
+    QString getCatalogFileName(const QString &id) const override { return id + ".xml"; }
 };
 
-int main(int argc, char **argv)
+int main(int, char **arguments)
 {
     Names names;
     CatalogConfigData::setCatalogFileNameProvider(&names);
-    CatalogConfigData::setCatalogFolderPath(QString::fromLocal8Bit(argc > 1 ? argv[1] : "catalogs/"));
-
-    const CatalogSptr catalog = CatalogManager::instance()->getCatalog(QStringLiteral("tunnels"));
-    if (!catalog->IsValid())
-        return 1;
+    CatalogConfigData::setCatalogFolderPath(arguments[1]); // ends with a slash
+    const CatalogSptr catalog = CatalogManager::instance()->getCatalog("tunnels");
     QTextStream out(stdout);
-    for (const auto &codeClass : catalog->getItemById(QString())->getChildItems())
+    for (const auto &codeClass : catalog->getItemById("")->getChildItems())
         out << codeClass->caption() << ": " << codeClass->getChildItems().size() << " codes\n";
-    return 0;
+    return catalog->IsValid() ? 0 : 1;
 }
