@@ -42,6 +42,13 @@ QString summary(const CatalogSession &session, Catalog &catalog)
                                    + facts.join(QStringLiteral(", ")));
 }
 
+// A file with another root element loads well, as an empty catalog; its author should know.
+void warnOfEmptiness(Catalog &catalog)
+{
+    if (catalog.getCatalogItems().size() == 1)
+        std::fputs("orvida-catalog: warning: no codes in this catalog; is its root element OVCAT?\n", stderr);
+}
+
 // Says that there is no such name, and which ones come near it.
 int reportUnknown(const QString &kind, const QString &name, const QStringList &names)
 {
@@ -101,6 +108,7 @@ int show(const ShowOptions &options)
     const Catalogs::CatalogSptr catalog = session.load();
     if (!catalog)
         return NotReadable;
+    warnOfEmptiness(*catalog);
     if (options.hasProfile) {
         if (!session.profiles().contains(options.profile))
             return reportUnknown(QStringLiteral("profile"), options.profile, session.profiles());

@@ -99,6 +99,7 @@ private Q_SLOTS:
     void printsTheTreeTheSameForEverySeedAndLocale();
     void readsStandardInput();
     void keepsTheLibrarysOwnOutputOffStandardOutput();
+    void warnsOfACatalogWithoutCodes();
     void colorsOnlyWhenAsked();
     void printsFieldsOfTheProfile();
     void printsEveryItemOfACodeAsAForm();
@@ -249,6 +250,15 @@ void ToolTest::keepsTheLibrarysOwnOutputOffStandardOutput()
     QCOMPARE(result.exitStatus, 0);
     QCOMPARE(result.output, QStringLiteral("orphan.xml: 1 item (1 outside the tree), not 3D\n"));
     QVERIFY2(result.messages.contains(QLatin1String("Parent of item:  not found!\nItem id: b\n")),
+             qPrintable(result.messages));
+}
+
+void ToolTest::warnsOfACatalogWithoutCodes()
+{
+    const Run result = run({QStringLiteral("show"), m_folder.write(QStringLiteral("other.xml"), "<ovcat/>")});
+    QCOMPARE(result.exitStatus, 0);
+    QCOMPARE(result.output, QStringLiteral("other.xml: 0 items, not 3D\n"));
+    QVERIFY2(result.messages.contains(QLatin1String("is its root element OVCAT?")),
              qPrintable(result.messages));
 }
 
