@@ -14,7 +14,7 @@ using Mark = bool CatalogParserProfileExtended::*;
 
 // Which of several profiles with one sort order comes first shows in the choice. Hosts know the order of an
 // introspective sort: median of three, insertion for ranges of up to 16, so that up to 16 profiles keep
-// their file order. The standard library's own sort is exactly that one; a test notices if it ever changes.
+// their file order. The sort of GNU's standard library is exactly that one; a test notices where it is not.
 Profiles sortedProfiles(Profiles profiles)
 {
     std::sort(profiles.begin(), profiles.end(),

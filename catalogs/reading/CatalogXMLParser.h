@@ -40,11 +40,11 @@ public:
     /// replaces an earlier one with the same id. A file that cannot be opened (an empty name, a folder,
     /// no permission), malformed XML or a record without its keys give false, at once; `failure()` then
     /// says why, and what was read so far stays where it is. The file stays open until the parser goes.
-    [[nodiscard]] bool readFile(const QString &fileName, QHash<QString, QSharedPointer<CatalogItem>> &items);
+    bool readFile(const QString &fileName, QHash<QString, QSharedPointer<CatalogItem>> &items);
 
     /// The value of `CAT_Style` in the catalog information of the file `fileName`, read without the rest of
     /// the catalog; 0 when the file cannot be read, is malformed before the value, or has none.
-    [[nodiscard]] qint64 readCatalogStyleFlag(const QString &fileName);
+    qint64 readCatalogStyleFlag(const QString &fileName);
 
     /// Why the last `readFile` gave false; its reason is `None` before the first call and after a success.
     const CatalogReadFailure &failure() const { return m_failure; }
