@@ -84,10 +84,9 @@ void Catalog::registerCode(const QSharedPointer<CatalogItem> &item)
 // place when the catalog goes. The places are found here, because looking for them takes memory, which a
 // destructor must not need. Every item is walked over once: each walk goes up from an item until it meets
 // the root, an orphan or an item that was walked over before, and it has found a loop when that is one of
-// its own.
+// its own. Links of an earlier call stay remembered, as they are still there.
 void Catalog::rememberLoops()
 {
-    m_loopLinks.clear();
     for (const QSharedPointer<CatalogItem> &item : std::as_const(m_items)) {
         if (item)
             item->m_ancestorWalk = 0;

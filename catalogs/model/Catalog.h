@@ -39,7 +39,8 @@ public:
     QString catalogId() const { return m_catalogId; }
 
     /// The items by id, writable; the root lies under the empty key. Belongs to the catalog. Items added
-    /// after the catalog was linked are in the table, but not in the tree.
+    /// after the catalog was linked are in the table, but not in the tree. Who takes an item out of the table
+    /// and keeps it sets its catalog to null: the catalog no longer does that when it goes.
     QHash<QString, QSharedPointer<CatalogItem>> &getCatalogItems() { return m_items; }
 
     CatalogStatus status() const { return m_status; }

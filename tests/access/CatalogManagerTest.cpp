@@ -8,9 +8,11 @@
 #include <QSet>
 #include <QtTest>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <future>
+#include <memory>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -77,11 +79,10 @@ struct Signals
 
 struct ThrowingProvider : FileTable
 {
-    QString getCatalogFileName(const QString &catalogId) const override
+    QString getCatalogFileName(const QString &id) const override
     {
-        return throws ? throw std::runtime_error("no name") : FileTable::getCatalogFileName(catalogId);
+        return throws ? throw std::logic_error("no name") : FileTable::getCatalogFileName(id);
     }
-
     bool throws = false;
 };
 
@@ -99,9 +100,7 @@ private Q_SLOTS:
     void triesAFailedCatalogAgain();
     void announcesBeforeItReturns_data();
     void announcesBeforeItReturns();
-    void freesItsLockWhenAReceiverThrows_data();
-    void freesItsLockWhenAReceiverThrows();
-    void freesItsLocksWhenTheProviderThrows();
+    void freesItsLocksWhenTheHostThrows();
     void servesManyThreads();
     void letsQueuedReceiversAskForCatalogs();
     void tellsWhether3DIsSupported_data();
@@ -115,12 +114,10 @@ private:
 // Stands first, so that the threads are the ones that make the manager.
 void CatalogManagerTest::isOneObjectForAllThreads()
 {
-    std::vector<CatalogManager *> managers(threadCount);
-    runInThreads(
-        [&managers](int number) { managers[static_cast<std::size_t>(number)] = CatalogManager::instance(); });
+    std::array<CatalogManager *, threadCount> managers{};
+    runInThreads([&managers](int number) { managers[number] = CatalogManager::instance(); });
     for (CatalogManager *made : managers)
-        QCOMPARE(made, CatalogManager::instance());
-    QVERIFY(managers.front() && !manager().parent());
+        QVERIFY(made && made == CatalogManager::instance() && !made->parent());
 }
 
 // Stands before any test that registers the types of the parameters.
@@ -130,32 +127,27 @@ void CatalogManagerTest::describesItsSignals()
     QCOMPARE(meta->className(), "Orvida::Catalogs::CatalogManager");
     QCOMPARE(meta->superClass(), &QObject::staticMetaObject);
     QCOMPARE(manager().qt_metacast("Orvida::Catalogs::CatalogManager"), static_cast<void *>(&manager()));
-    QVERIFY(!manager().qt_metacast("CatalogManager"));
     QCOMPARE(meta->methodCount() - meta->methodOffset(), 2);
     QCOMPARE(meta->propertyCount(), meta->propertyOffset());
     QCOMPARE(meta->enumeratorCount() + meta->classInfoCount() + meta->constructorCount(), 0);
-
-    const QByteArrayList signatures = {"catalogReady(CatalogSptr)",
-                                       "failedToLoadCatalog(Orvida::Base::GUID)"};
-    const QByteArrayList types = {"CatalogSptr", "Orvida::Base::GUID"};
-    const QByteArrayList names = {"catalog", ""};
+    const QByteArrayList expected = {"void catalogReady(CatalogSptr) CatalogSptr catalog",
+                                     "void failedToLoadCatalog(Orvida::Base::GUID) Orvida::Base::GUID "};
     for (int index = 0; index < 2; ++index) {
         const QMetaMethod method = meta->method(meta->methodOffset() + index);
-        QCOMPARE(method.methodSignature(), signatures.at(index));
+        const QByteArray type = method.parameterTypes().join('|');
+        QCOMPARE(QByteArray(method.typeName()) + ' ' + method.methodSignature() + ' ' + type + ' '
+                     + method.parameterNames().join('|'),
+                 expected.at(index));
         QCOMPARE(method.methodType(), QMetaMethod::Signal);
-        QCOMPARE(method.returnType(), int(QMetaType::Void));
-        QCOMPARE(method.parameterTypes(), QByteArrayList{types.at(index)});
-        QCOMPARE(method.parameterNames(), QByteArrayList{names.at(index)});
-
-        int type = 0;
+        int typeId = 0;
         int parameter = 0;
-        void *query[] = {&type, &parameter};
+        void *query[] = {&typeId, &parameter};
         manager().qt_metacall(QMetaObject::RegisterMethodArgumentMetaType, method.methodIndex(), query);
-        QCOMPARE(type, -1);
+        QCOMPARE(typeId, -1);
         // The static call leaves the answer to a question that it does not know as it is.
         meta->static_metacall(QMetaObject::RegisterMethodArgumentMetaType, index, query);
-        QCOMPARE(type, -1);
-        QCOMPARE(QMetaType::type(types.at(index)), int(QMetaType::UnknownType));
+        QCOMPARE(typeId, -1);
+        QCOMPARE(QMetaType::type(type), int(QMetaType::UnknownType));
     }
 }
 
@@ -173,7 +165,6 @@ void CatalogManagerTest::loadsOncePerIdentifier()
         QVERIFY(first && first->IsValid());
         QCOMPARE(first->catalogId(), id);
         catalogs.insert(first.data());
-
         m_folder.write(text("once.xml"), catalogOf("after"));
         QCOMPARE(manager().getCatalog(id), first);
         files.add(id, QString());
@@ -204,13 +195,11 @@ void CatalogManagerTest::triesAFailedCatalogAgain()
         QCOMPARE(sent.failed.value(time), QVariantList{id});
     }
     QCOMPARE(files.questions(id), 4);
-    QCOMPARE(sent.ready.count(), 0);
     m_folder.write(id, catalogOf("C"));
     const CatalogSptr loaded = manager().getCatalog(id);
     QVERIFY(loaded->IsValid());
     QCOMPARE(manager().getCatalog(id), loaded);
-    QCOMPARE(sent.ready.count(), 1);
-    QCOMPARE(sent.failed.count(), 4);
+    QVERIFY(sent.ready.count() == 1 && sent.failed.count() == 4);
 }
 
 void CatalogManagerTest::announcesBeforeItReturns_data()
@@ -237,6 +226,9 @@ void CatalogManagerTest::announcesBeforeItReturns()
     std::thread other;
     CatalogSptr announced;
     QStringList events;
+    const auto isKnown = [](auto future, int milliseconds) {
+        return future.wait_for(std::chrono::milliseconds(milliseconds)) == std::future_status::ready;
+    };
     const auto receive = [&](const QString &announcedId) {
         other = std::thread([&] {
             is3DAnswered.set_value(manager().is3DSupportedCatalog(cachedId));
@@ -244,93 +236,70 @@ void CatalogManagerTest::announcesBeforeItReturns()
             hasCatalog.set_value();
         });
         events.append(announcedId);
-        const auto is3DKnown = is3DAnswered.get_future().wait_for(std::chrono::seconds(10));
-        events.append(text(is3DKnown == std::future_status::ready ? "3D known" : "waits for 3D"));
-        const auto catalogKnown = hasCatalog.get_future().wait_for(std::chrono::milliseconds(200));
-        events.append(text(catalogKnown == std::future_status::ready ? "not locked" : "locked"));
+        events.append(text(isKnown(is3DAnswered.get_future(), 10000) ? "3D known" : "waits for 3D"));
+        events.append(text(isKnown(hasCatalog.get_future(), 200) ? "not locked" : "locked"));
     };
     QObject receiver;
     connect(&manager(), &CatalogManager::catalogReady, &receiver, [&](const CatalogSptr &catalog) {
         announced = catalog;
-        const bool isComplete = catalog->IsValid() && catalog->getItemById(QString())->catalog();
-        receive(isComplete ? catalog->catalogId() : text("incomplete"));
+        receive(catalog->getItemById(QString())->catalog() ? catalog->catalogId() : text("incomplete"));
     });
     connect(&manager(), &CatalogManager::failedToLoadCatalog, &receiver, receive);
     const CatalogSptr catalog = manager().getCatalog(id);
     events.append(text("returned"));
-    other.join();
+    if (other.joinable())
+        other.join();
     QCOMPARE(events, QStringList({id, text("3D known"), text("locked"), text("returned")}));
     QCOMPARE(announced, isReady ? catalog : CatalogSptr());
 }
 
-void CatalogManagerTest::freesItsLockWhenAReceiverThrows_data()
-{
-    announcesBeforeItReturns_data();
-}
-
-// With the lock still taken, the second call would never return.
-void CatalogManagerTest::freesItsLockWhenAReceiverThrows()
-{
-    QFETCH(bool, isReady);
-    FileTable files;
-    const QString id = text("throwing, ") + text(QTest::currentDataTag());
-    if (isReady)
-        files.add(id, m_folder.write(id, catalogOf("C")));
-    {
-        QObject receiver;
-        const auto refuse = [] { throw std::runtime_error("refused"); };
-        connect(&manager(), &CatalogManager::catalogReady, &receiver, refuse);
-        connect(&manager(), &CatalogManager::failedToLoadCatalog, &receiver, refuse);
-        QVERIFY_EXCEPTION_THROWN(manager().getCatalog(id), std::runtime_error);
-    }
-    QCOMPARE(manager().getCatalog(id)->IsValid(), isReady);
-    QCOMPARE(files.questions(id), isReady ? 1 : 2); // the catalog was in the cache before its receivers ran
-}
-
-void CatalogManagerTest::freesItsLocksWhenTheProviderThrows()
+// With a lock still taken, the calls behind the first ones would never return.
+void CatalogManagerTest::freesItsLocksWhenTheHostThrows()
 {
     ThrowingProvider files;
-    const Signals sent;
-    const QString id = text("nameless");
+    const QString id = text("throwing");
     files.add(id, m_folder.write(id, catalogXml(styleOf("-1"))));
+    const auto receiver = std::make_unique<QObject>();
+    const auto refuse = [] { throw std::runtime_error("refused"); };
+    connect(&manager(), &CatalogManager::catalogReady, receiver.get(), refuse);
+    connect(&manager(), &CatalogManager::failedToLoadCatalog, receiver.get(), refuse);
     files.throws = true;
-    QVERIFY_EXCEPTION_THROWN(manager().getCatalog(id), std::runtime_error);
-    QVERIFY_EXCEPTION_THROWN(manager().is3DSupportedCatalog(id), std::runtime_error);
-    QCOMPARE(sent.ready.count() + sent.failed.count(), 0);
+    QVERIFY_EXCEPTION_THROWN(manager().getCatalog(id), std::logic_error);
+    QVERIFY_EXCEPTION_THROWN(manager().is3DSupportedCatalog(id), std::logic_error);
     files.throws = false;
+    QVERIFY_EXCEPTION_THROWN(manager().getCatalog(id), std::runtime_error);
+    QVERIFY_EXCEPTION_THROWN(manager().getCatalog(text("throwing failure")), std::runtime_error);
+    // This one was in the cache before its receivers ran.
     QVERIFY(manager().getCatalog(id)->IsValid() && manager().is3DSupportedCatalog(id));
-    QCOMPARE(sent.ready.count(), 1);
 }
 
 void CatalogManagerTest::servesManyThreads()
 {
     constexpr int rounds = 50;
-    const QString missing = text("no file");
-    const QStringList ids = {text("hit"), text("miss 1"), text("miss 2"), text("miss 3")};
-    const QStringList allIds = ids + QStringList{missing};
+    const QStringList ids = {text("solid 1"), text("solid 2"), text("flat"), text("no file")};
     FileTable files;
     const Signals sent;
-    for (const QString &id : ids)
-        files.add(id, m_folder.write(id, catalogXml(styleOf(id == text("miss 2") ? "0" : "-1"))));
-    manager().getCatalog(text("hit"));
+    for (const QString &id : ids.mid(0, 3))
+        files.add(id, m_folder.write(id, catalogXml(styleOf(id == text("flat") ? "0" : "-1"))));
+    manager().getCatalog(ids.first());
     std::atomic<int> wrongAnswers{0};
-    std::vector<QHash<QString, QSet<Catalog *>>> catalogs(threadCount);
+    std::array<QSet<Catalog *>, threadCount> catalogs;
     runInThreads([&](int number) {
-        for (int round = 0; round < rounds * allIds.size(); ++round) {
-            const QString id = allIds.at((round + number) % allIds.size());
+        for (int round = 0; round < rounds * ids.size(); ++round) {
+            const QString id = ids.at((round + number) % ids.size());
             const CatalogSptr catalog = manager().getCatalog(id);
-            catalogs[static_cast<std::size_t>(number)][id].insert(catalog.data());
-            if (catalog->IsValid() != (id != missing)
-                || manager().is3DSupportedCatalog(id) != (id != missing && id != text("miss 2")))
+            if (catalog->IsValid())
+                catalogs[number].insert(catalog.data());
+            if (catalog->catalogId() != id || catalog->IsValid() == (id == ids.last())
+                || manager().is3DSupportedCatalog(id) != id.startsWith(text("solid")))
                 ++wrongAnswers;
         }
     });
     QCOMPARE(wrongAnswers.load(), 0);
-    for (const auto &catalogsOfThread : catalogs) {
-        for (const QString &id : ids)
-            QCOMPARE(catalogsOfThread.value(id), QSet<Catalog *>{manager().getCatalog(id).data()});
-    }
-    QCOMPARE(sent.ready.count(), ids.size());
+    for (const auto &catalogsOfThread : catalogs)
+        QCOMPARE(catalogsOfThread, catalogs.front());
+    QCOMPARE(catalogs.front().size(), 3);
+    QCOMPARE(sent.ready.count(), 3); // each was loaded once
     QCOMPARE(sent.failed.count(), threadCount * rounds);
 }
 
@@ -338,8 +307,7 @@ void CatalogManagerTest::letsQueuedReceiversAskForCatalogs()
 {
     FileTable files;
     const Signals registersTypes;
-    const QString id = text("queued");
-    files.add(id, m_folder.write(id, catalogOf("C")));
+    files.add(text("queued"), m_folder.write(text("queued"), catalogOf("C")));
     CatalogSptr announced;
     CatalogSptr failed;
     QObject receiver;
@@ -353,14 +321,13 @@ void CatalogManagerTest::letsQueuedReceiversAskForCatalogs()
     connect(&manager(), &CatalogManager::catalogReady, &receiver, keep, Qt::QueuedConnection);
     connect(&manager(), &CatalogManager::failedToLoadCatalog, &receiver, tryAgain, Qt::QueuedConnection);
     CatalogSptr returned;
-    std::thread other([&id, &returned] {
-        returned = manager().getCatalog(id);
+    std::thread other([&returned] {
+        returned = manager().getCatalog(text("queued"));
         manager().getCatalog(text("queued failure"));
     });
     other.join();
-    QVERIFY(!announced && !failed);
+    QVERIFY(returned->IsValid() && !announced && !failed);
     QTRY_VERIFY(announced && failed);
-    QVERIFY(returned->IsValid());
     QCOMPARE(announced, returned);
     QCOMPARE(failed->catalogId(), text("queued failure"));
 }
@@ -369,7 +336,6 @@ void CatalogManagerTest::tellsWhether3DIsSupported_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<bool>("is3DSupported");
-
     for (const char *style : {"2147483648", "-1", "6442450944", "-2147483648"})
         QTest::newRow(style) << catalogXml(styleOf(style)) << true;
     for (const char *style :
@@ -382,8 +348,7 @@ void CatalogManagerTest::tellsWhether3DIsSupported_data()
         QTest::newRow(name) << content << is3DSupported;
     };
     row("other root", "<OVCat>" + info + "</OVCat>", true);
-    row("root in root", catalogXml("<OVCat>" + info + "</OVCat>"), true);
-    row("behind records", catalogXml("<CLASS/>" + info), true);
+    row("root in root, behind records", catalogXml("<CLASS/><OVCat>" + info + "</OVCat>"), true);
     row("behind the information", catalogXml(none + style), true);
     row("malformed behind the style", "<OVCAT>" + info + "</CATALOG>", true);
     row("malformed before the style", "<OVCAT></CATALOG>" + info, false);
@@ -393,10 +358,8 @@ void CatalogManagerTest::tellsWhether3DIsSupported_data()
     row("in another field", "<CATALOG><CAT_PK>" + style + "</CAT_PK></CATALOG>", false);
     row("behind an empty style", "<CATALOG><CAT_Style/>" + style + "</CATALOG>", false);
     row("in a wrapper", catalogXml("<X>" + info + "</X>"), false);
-    row("other letter case", "<CATALOG><CAT_STYLE>-1</CAT_STYLE></CATALOG>", false);
     row("behind a comment", "<CATALOG><CAT_Style><!-- 3D -->-1</CAT_Style></CATALOG>", false);
     row("root is the information", info, true);
-    row("no XML", "2147483648", false);
     row("empty file", "", false);
 }
 
@@ -423,8 +386,7 @@ void CatalogManagerTest::keepsItsFirstAnswerAbout3D()
     QVERIFY(manager().is3DSupportedCatalog(ids.at(2)));
     QCOMPARE(sent.ready.count() + sent.failed.count(), 0);
     for (const QString &id : ids)
-        QVERIFY(manager().getCatalog(id)->IsValid());
-    QCOMPARE(sent.ready.count(), ids.size());
+        QVERIFY(manager().getCatalog(id)->IsValid() && !sent.ready.isEmpty());
     m_folder.write(text("changing.xml"), catalogXml(styleOf("0")));
     for (const QString &id : ids) {
         QCOMPARE(manager().is3DSupportedCatalog(id), id == ids.at(2));
