@@ -32,12 +32,12 @@ public:
     const QLoggingCategory &category(const QString &name)
     {
         const QMutexLocker lock(&m_mutex);
-        const QLoggingCategory *&known = m_byName[name];
-        if (!known) {
-            m_categories.push_back(std::make_unique<NamedCategory>(name));
-            known = &m_categories.back()->category;
-        }
-        return *known;
+        if (const QLoggingCategory *known = m_byName.value(name))
+            return *known;
+        m_categories.push_back(std::make_unique<NamedCategory>(name));
+        // The characters are copied: they may be a literal of a library that is unloaded one day.
+        return *m_byName.insert(QString(name.constData(), name.size()), &m_categories.back()->category)
+                    .value();
     }
 
 private:
@@ -46,9 +46,10 @@ private:
     QHash<QString, const QLoggingCategory *> m_byName;
 };
 
+// Never destroyed, because static objects of the host may log while the process ends.
 const QLoggingCategory &categoryOf(const QString &name)
 {
-    static CategoryRegistry registry;
+    static CategoryRegistry &registry = *new CategoryRegistry;
     return registry.category(name);
 }
 

@@ -27,11 +27,11 @@ public:
     };
 
     /// A field without type, texts and entries; all flags false, all numbers 0.
-    InputField();
-    InputField(const InputField &other);
-    InputField(InputField &&other) noexcept;
-    InputField &operator=(const InputField &other);
-    InputField &operator=(InputField &&other) noexcept;
+    InputField() = default;
+    InputField(const InputField &other) = default;
+    InputField(InputField &&other) = default;
+    InputField &operator=(const InputField &other) = default;
+    InputField &operator=(InputField &&other) = default;
     virtual ~InputField();
 
     /// Text shown with the field.
@@ -58,13 +58,16 @@ public:
     bool isMandatory() const { return m_isMandatory; }
     /// Number of decimals.
     int precission() const { return m_precission; }
-    /// Longest text that is accepted, in characters; 0 when nothing was laid down.
+    /// Longest text that is accepted, in characters.
     int maximumTextLength() const { return m_maximumTextLength; }
     /// Kind of the value.
     DataType dataType() const { return m_dataType; }
     /// Allowed values in the order in which they are offered; empty when any value is allowed.
     QList<ListItem> itemList() const { return m_itemList; }
 
+    /// \name Setters
+    /// Each replaces one property; any value is stored as it is, null and empty texts included.
+    /// \{
     void setCaption(const QString &caption) { m_caption = caption; }
     void setBoundColumn(const QString &columnId) { m_boundColumn = columnId; }
     void setInputFormat(const QString &format) { m_inputFormat = format; }
@@ -80,6 +83,7 @@ public:
     void setMaximumTextLength(int length) { m_maximumTextLength = length; }
     void setDataType(DataType dataType) { m_dataType = dataType; }
     void setItemList(const QList<ListItem> &entries) { m_itemList = entries; }
+    /// \}
 
 private:
     QString m_caption;

@@ -13,7 +13,7 @@ namespace Orvida::Shared {
 class ListItem
 {
 public:
-    /// An entry that stores `value` and shows `caption`; `itemText` is the entry's longer text.
+    /// An entry that stores `value` and shows `caption`, with `itemText` beside it.
     ListItem(const QVariant &value, const QString &caption, const QString &itemText)
         : m_value(value), m_caption(caption), m_itemText(itemText)
     {

@@ -13,25 +13,26 @@ namespace Orvida::Catalogs {
 ///
 /// Not guarded: the host sets both before it asks for the first catalog, and not while another thread may
 /// ask for one.
-class ORVIDA_CATALOGS_EXPORT CatalogConfigData
+class CatalogConfigData
 {
 public:
     CatalogConfigData() = delete;
 
     /// Sets the provider, in place of an earlier one; null switches the search for files off. Not owned.
-    static void setCatalogFileNameProvider(ICatalogFileNameProvider *provider);
+    ORVIDA_CATALOGS_EXPORT static void setCatalogFileNameProvider(ICatalogFileNameProvider *provider);
 
     /// Sets the folder, exactly as it is to stand before file names: it ends with a separator, unless the
     /// provider's names begin with one. An empty or null folder leaves the names as they are.
-    static void setCatalogFolderPath(const QString &path);
+    ORVIDA_CATALOGS_EXPORT static void setCatalogFolderPath(const QString &path);
 
     /// The folder followed directly by the provider's name for the catalog `catalogId`.
     ///
     /// Null without a provider; the provider's empty answer, without the folder, for an identifier that it
     /// does not know. Whether there is such a file is not looked at. Any thread may call it.
-    static QString findCatalogPath(const QString &catalogId);
+    ORVIDA_CATALOGS_EXPORT static QString findCatalogPath(const QString &catalogId);
 
 private:
+    // Not exported, as the class as a whole is not: hosts reach them through the functions only.
     static ICatalogFileNameProvider *m_catalogFileNameProvider;
     static QString m_catalogFolderPath;
 };

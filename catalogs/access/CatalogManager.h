@@ -23,7 +23,8 @@ class ORVIDA_CATALOGS_EXPORT CatalogManager : public QObject
     Q_OBJECT
 
 public:
-    /// The one manager; made on the first call, destroyed at process exit and never by the host.
+    /// The one manager; made on the first call, destroyed at process exit, or when the library is
+    /// unloaded, and never by the host.
     static CatalogManager *instance();
 
     /// The full path (not only the name) of the file of the catalog `catalogId`, as
@@ -36,6 +37,9 @@ public:
     /// kept: the next call tries again. Identifiers are compared exactly, letter case included. One lock is
     /// held for the whole call, signals included: other callers wait, and a receiver that runs inside the
     /// emission must not call `getCatalog`. The caller shares the catalog with the cache and all others.
+    ///
+    /// An exception comes through and frees the lock: from the provider or for lack of memory, and then
+    /// nothing is kept and no signal was sent; from a receiver, and then a loaded catalog stays in the cache.
     CatalogSptr getCatalog(QString catalogId);
 
     /// Whether the catalog `catalogId` supports 3D, read from its file without loading it.

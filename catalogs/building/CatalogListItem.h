@@ -25,6 +25,7 @@ public:
 
     /// The placeholder name that was set last; valid as long as the entry.
     const QString &placeHolder() const { return m_placeHolder; }
+    /// Replaces the placeholder name; any text is stored as it is.
     void setPlaceHolder(const QString &placeHolder) { m_placeHolder = placeHolder; }
 
 private:

@@ -3,6 +3,7 @@
 #include "catalogs/building/InputFields_p.h"
 #include "catalogs/building/ListLookup_p.h"
 #include "catalogs/building/ProfileResolution_p.h"
+#include "catalogs/model/MakeShared_p.h"
 #include "catalogs/reading/CatalogXMLParser.h"
 
 namespace Orvida::Catalogs {
@@ -10,8 +11,8 @@ namespace Orvida::Catalogs {
 CatalogSptr CatalogLoader::loadCatalog(const QString &filePath, const QString &catalogId)
 {
     CatalogXMLParser parser;
-    const auto catalog = CatalogSptr::create(catalogId);
-    catalog->getCatalogItems().insert(QStringLiteral(""), QSharedPointer<CatalogItem>::create());
+    const auto catalog = makeShared<Catalog>(catalogId);
+    catalog->getCatalogItems().insert(QStringLiteral(""), makeShared<CatalogItem>());
     if (!parser.readFile(filePath, catalog->getCatalogItems())) {
         catalog->setStatus(Catalog::LoadFailed);
         return catalog;

@@ -6,6 +6,7 @@
 #include "shared/DoubleFormater.h"
 
 #include <QSet>
+#include <QVector>
 
 namespace Orvida::Catalogs {
 
@@ -14,6 +15,7 @@ namespace {
 using Logging::CLogger;
 using Shared::DoubleFormater;
 using Shared::InputField;
+using ProfileColumns = QHash<QString, QVector<const CatalogParserColumn *>>;
 
 // A clock position reads as a span of the clock, from prefix to suffix, whatever its type and range.
 bool isClockPosition(const CatalogInputField &field)
@@ -41,7 +43,8 @@ QString composedCaption(const QString &caption, const CatalogInputField &field)
              DoubleFormater::toString(field.maximumValue(), field.inputFormat()));
 }
 
-// All of a field that does not depend on the profile.
+// All of a field that does not depend on the profile: made once for the fields of all profiles, because an
+// extension has as many fields as there are profiles, which differ in little.
 CatalogInputField commonField(const CatalogParserParamExtended &extension,
                               const CatalogParserParameter &parameter)
 {
@@ -67,28 +70,39 @@ CatalogInputField commonField(const CatalogParserParamExtended &extension,
     return field;
 }
 
-// Adds the field of each profile that has the column; of two such columns of one profile the first counts.
+// By column id, the column of each profile; of several columns of one profile the first one counts.
+ProfileColumns columnsOfProfiles(const CatalogXMLParser &parser)
+{
+    ProfileColumns result;
+    for (auto columns = parser.m_columns.cbegin(); columns != parser.m_columns.cend(); ++columns) {
+        QVector<const CatalogParserColumn *> &first = result[columns.key()];
+        QSet<QString> seenProfiles;
+        for (const CatalogParserColumn &column : *columns) {
+            if (seenProfiles.contains(column.profileFk))
+                continue;
+            seenProfiles.insert(column.profileFk);
+            first.append(&column);
+        }
+    }
+    return result;
+}
+
+// Adds the field of each profile that has the column.
 void addFields(CatalogItem &item, const CatalogParserParamExtended &extension,
-               const CatalogParserParameter &parameter, const QList<CatalogParserColumn> &columns,
+               const CatalogParserParameter &parameter, const QVector<const CatalogParserColumn *> &columns,
                const ListLookup &lists)
 {
     if (columns.isEmpty())
         return;
     const CatalogInputField common = commonField(extension, parameter);
-    QSet<QString> seenProfiles;
-    for (const CatalogParserColumn &column : columns) {
-        if (seenProfiles.contains(column.profileFk))
-            continue;
-        seenProfiles.insert(column.profileFk);
+    for (const CatalogParserColumn *column : columns) {
         CatalogInputField field = common;
-        field.setIsReadonly(column.readOnly);
-        field.setIsVisible(column.visible);
-        if (!extension.listClassId.isEmpty()) {
-            const auto entries = lists.value(column.profileFk).value(extension.listClassId);
-            if (!entries.isEmpty())
-                field.setItemList(entries);
-        }
-        item.addField(column.profileFk, field);
+        field.setIsReadonly(column->readOnly);
+        field.setIsVisible(column->visible);
+        const auto entries = lists.value(column->profileFk).value(extension.listClassId);
+        if (!extension.listClassId.isEmpty() && !entries.isEmpty())
+            field.setItemList(entries);
+        item.addField(column->profileFk, field);
     }
 }
 
@@ -96,6 +110,7 @@ void addFields(CatalogItem &item, const CatalogParserParamExtended &extension,
 
 void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const ListLookup &lists)
 {
+    const ProfileColumns columns = columnsOfProfiles(parser);
     for (const CatalogParserParamExtended &extension : parser.m_parameterExtensions) {
         const QString &itemKey = extension.baseCodeFk.isEmpty() ? extension.charExtFk : extension.baseCodeFk;
         const QSharedPointer<CatalogItem> item = catalog.getCatalogItems().value(itemKey);
@@ -105,7 +120,7 @@ void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const Li
             continue;
         }
         addFields(*item, extension, parser.m_parameters.value(extension.paramFk),
-                  parser.m_columns.value(extension.columnId), lists);
+                  columns.value(extension.columnId), lists);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <QTextStream>
 
 #include <cstdio>
+#include <new>
 #include <utility>
 
 namespace Orvida::Catalogs {
@@ -49,6 +50,7 @@ void Catalog::setContinousDefectCodes(const QString &profile, const QHash<QStrin
 
 void Catalog::buildRelations()
 {
+    rememberLoops();
     for (const QSharedPointer<CatalogItem> &item : std::as_const(m_items)) {
         if (!item)
             continue;
@@ -64,7 +66,6 @@ void Catalog::buildRelations()
         if (!item->code().isEmpty())
             registerCode(item);
     }
-    rememberLoops();
 }
 
 QSharedPointer<CatalogItem> Catalog::parentOf(const CatalogItem &item) const
@@ -81,10 +82,11 @@ void Catalog::registerCode(const QSharedPointer<CatalogItem> &item)
 }
 
 // Items on a parent loop hold each other and would outlive the catalog for good, so each loop is cut in one
-// place when the catalog goes. The places are found here, because looking for them takes memory, which a
-// destructor must not need. Every item is walked over once: each walk goes up from an item until it meets
-// the root, an orphan or an item that was walked over before, and it has found a loop when that is one of
-// its own. Links of an earlier call stay remembered, as they are still there.
+// place when the catalog goes. The places are found before anything is linked, because looking for them takes
+// memory, and there may be none any more in the middle of linking or in the destructor. Every item is walked
+// over once: each walk goes up from an item until it meets the root, an orphan or an item that was walked
+// over before, and it has found a loop when that is one of its own. Links of an earlier call stay remembered,
+// as they are still there.
 void Catalog::rememberLoops()
 {
     for (const QSharedPointer<CatalogItem> &item : std::as_const(m_items)) {
@@ -107,8 +109,13 @@ void Catalog::rememberLoops()
 
 void Catalog::cutLoops()
 {
-    for (const auto &[parent, child] : std::as_const(m_loopLinks))
-        parent->m_childItems.removeAll(child);
+    for (const auto &[parent, child] : std::as_const(m_loopLinks)) {
+        try {
+            parent->m_childItems.removeAll(child);
+        } catch (const std::bad_alloc &) {
+            // The host has a copy of this list, and there is no memory to part the two: the loop stays.
+        }
+    }
 }
 
 } // namespace Orvida::Catalogs

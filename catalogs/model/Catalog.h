@@ -17,8 +17,8 @@ namespace Orvida::Catalogs {
 /// The catalog owns its items together with whoever else holds them; items do not keep the catalog alive.
 /// There is no lock, and even look-ups write (those that give a reference insert what is missing): the
 /// host lets one thread at a time use one catalog. Nothing here fails or logs; orphans alone are reported,
-/// on standard output. Keys are compared exactly, letter case included; a null and an empty text are the
-/// same key.
+/// on standard output; what adds to a table may throw `std::bad_alloc`. Keys are compared exactly, letter
+/// case included; a null and an empty text are the same key.
 class ORVIDA_CATALOGS_EXPORT Catalog
 {
 public:
@@ -31,7 +31,8 @@ public:
 
     /// An empty catalog for `catalogId`, which may be any text: status `NotLoaded`, null profile.
     explicit Catalog(QString catalogId);
-    /// Releases the items. Those that the host still holds live on with their children, without a catalog.
+    /// Releases the items. Those that the host still holds live on with their children, without a catalog;
+    /// a loop of parents is opened in one place.
     ~Catalog();
     Q_DISABLE_COPY(Catalog)
 
@@ -43,6 +44,7 @@ public:
     /// and keeps it sets its catalog to null: the catalog no longer does that when it goes.
     QHash<QString, QSharedPointer<CatalogItem>> &getCatalogItems() { return m_items; }
 
+    /// How far loading has come; `NotLoaded` until it is set.
     CatalogStatus status() const { return m_status; }
     /// Stores the status. `Loaded` links the items by `buildRelations`, on every such call.
     void setStatus(CatalogStatus status);

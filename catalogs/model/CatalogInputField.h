@@ -19,11 +19,11 @@ class ORVIDA_CATALOGS_EXPORT CatalogInputField : public Shared::InputField
 {
 public:
     /// A field with null texts, sort order 0 and no type flags.
-    CatalogInputField();
-    CatalogInputField(const CatalogInputField &other);
-    CatalogInputField(CatalogInputField &&other) noexcept;
-    CatalogInputField &operator=(const CatalogInputField &other);
-    CatalogInputField &operator=(CatalogInputField &&other) noexcept;
+    CatalogInputField() = default;
+    CatalogInputField(const CatalogInputField &other) = default;
+    CatalogInputField(CatalogInputField &&other) = default;
+    CatalogInputField &operator=(const CatalogInputField &other) = default;
+    CatalogInputField &operator=(CatalogInputField &&other) = default;
     ~CatalogInputField() override;
 
     /// Text before the value.
@@ -39,12 +39,16 @@ public:
     /// Type flags of the parameter.
     TypeFlags typeFlags() const { return m_typeFlags; }
 
+    /// \name Setters
+    /// Each replaces one property; any value is stored as it is, null and empty texts included.
+    /// \{
     void setPrefix(const QString &prefix) { m_prefix = prefix; }
     void setSuffix(const QString &suffix) { m_suffix = suffix; }
     void setObservationTextParamName(const QString &name) { m_observationTextParamName = name; }
     void setSortOrder(int sortOrder) { m_sortOrder = sortOrder; }
     void setStep(const QString &step) { m_step = step; }
     void setTypeFlags(TypeFlags typeFlags) { m_typeFlags = typeFlags; }
+    /// \}
 
 private:
     QString m_prefix;

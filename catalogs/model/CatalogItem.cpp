@@ -79,16 +79,18 @@ void CatalogItem::addField(const QString &profile, const CatalogInputField &fiel
     m_fields[profile].append(field);
 }
 
-const QList<CatalogInputField> &CatalogItem::getFields()
+QList<CatalogInputField> &CatalogItem::getFields()
 {
-    static const QList<CatalogInputField> noFields;
-    if (!m_catalog)
-        return noFields;
+    if (!m_catalog) {
+        m_noFields.clear();
+        return m_noFields;
+    }
     const QString profile = m_catalog->profile();
     QList<CatalogInputField> &fields = m_fields[profile];
     if (!m_sortedProfiles.contains(profile)) {
-        orderBySortOrder(fields, sortOrderOfField);
+        // Noted first: if there is no memory for that, the fields are still as they were added.
         m_sortedProfiles.insert(profile);
+        orderBySortOrder(fields, sortOrderOfField);
     }
     return fields;
 }

@@ -19,9 +19,9 @@ class Catalog;
 ///
 /// Items live in `QSharedPointer`s that the catalog's tables, the child list of the parent and the host
 /// share. A child does not hold its parent, and no item holds its catalog: who keeps items keeps their
-/// `CatalogSptr` as well. An item that outlives its catalog stays whole, children included, but has no
-/// catalog any more. There is no lock, and the first `getChildItems` and `getFields` write: the host lets
-/// one thread at a time use the items of one catalog.
+/// `CatalogSptr` as well. An item that outlives its catalog keeps its children (on a loop of parents, one
+/// item loses the child that closes the loop) but has no catalog any more. There is no lock, and the first
+/// `getChildItems` and `getFields` write: the host lets one thread at a time use the items of one catalog.
 class ORVIDA_CATALOGS_EXPORT CatalogItem
 {
 public:
@@ -43,17 +43,17 @@ public:
     const QString &caption() const { return m_caption; }
     /// The observation code; empty for code classes.
     const QString &code() const { return m_code; }
-    /// Codes that may follow this one.
+    /// Followers of the code, as the file has them; their meaning belongs to the host.
     const QString &followers() const { return m_followers; }
     /// Free for the host; the library leaves it null.
     const QString &item() const { return m_item; }
-    /// Remarks for the inspector.
+    /// Remarks of the file.
     const QString &remarks() const { return m_remarks; }
     /// Free for the host; the library leaves it null.
     const QString &iconId() const { return m_iconId; }
     /// Text of an observation with this code; names such as "@CLK" in it stand for the values of fields.
     const QString &observationText() const { return m_observationText; }
-    /// Code that ends an observation begun with this one.
+    /// Close code, as the file has it; its meaning belongs to the host.
     const QString &closeCode() const { return m_closeCode; }
     /// Type flags, as the file has them.
     QFlags<TypeFlag> typeFlags() const { return m_typeFlags; }
@@ -61,14 +61,18 @@ public:
     int sortOrder() const { return m_sortOrder; }
     /// Construction type, as the file has it; its meaning belongs to the host.
     int constructionType() const { return m_constructionType; }
-    /// Whether recording the code takes a picture by itself.
+    /// Auto-picture flag of the file.
     bool autoPicture() const { return m_autoPicture; }
-    /// Whether the item only groups others.
+    /// Virtual flag of the file; character extensions never have it.
     bool isVirtual() const { return m_isVirtual; }
-    /// The catalog of the item, not owned: null until the catalog has linked its items, and after the
-    /// catalog is gone.
+    /// The catalog of the item, not owned: null until the catalog has linked its items, and after a catalog
+    /// that still has the item in its table is gone.
     Catalog *catalog() { return m_catalog; }
 
+    /// \name Setters
+    /// Each replaces one value; any value is stored as it is, null and empty texts included. Nothing else
+    /// changes: the catalog's tables and an order that was made already stay as they are.
+    /// \{
     void setId(const QString &id) { m_id = id; }
     void setParentId(const QString &parentId) { m_parentId = parentId; }
     void setCaption(const QString &caption) { m_caption = caption; }
@@ -86,6 +90,7 @@ public:
     void setIsVirtual(bool isVirtual) { m_isVirtual = isVirtual; }
     /// Null is allowed; the item does not own the catalog.
     void setCatalog(Catalog *catalog) { m_catalog = catalog; }
+    /// \}
 
     /// Appends `child` to the children, which then share it. The same child may be added twice and is then
     /// listed twice. After the first `getChildItems` a new child stays at the end, whatever its sort
@@ -107,8 +112,9 @@ public:
     /// when the item has no catalog.
     ///
     /// The first call for a profile orders its fields, for good; it also notes the profile when there are
-    /// no fields. The list belongs to the item and stays valid until the item goes or a field is added.
-    const QList<CatalogInputField> &getFields();
+    /// no fields. The list itself, not a copy: it belongs to the item and stays valid until the item goes or
+    /// a field is added. What is written into the list of an item without catalog is lost.
+    QList<CatalogInputField> &getFields();
 
 private:
     friend class Catalog;
@@ -136,6 +142,8 @@ private:
     bool m_childItemsSorted = false;
     // Keys of the profiles whose fields were ordered.
     QSet<QString> m_sortedProfiles;
+    // What an item without a catalog hands out; empty.
+    QList<CatalogInputField> m_noFields;
     // The catalog's own mark while it looks for parent loops.
     int m_ancestorWalk = 0;
 };

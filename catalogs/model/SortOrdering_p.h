@@ -8,11 +8,11 @@ namespace Orvida::Catalogs {
 
 /// Orders lists by sort order, ascending, with the quicksort that Qt 5's `qSort` uses.
 ///
-/// That quicksort is not stable, and where it puts elements of equal sort order is part of what hosts see:
-/// they have stored and printed catalogs in that order for years. So its steps are kept exactly, down to
-/// the comparisons, and no other sort can take its place. Unlike `qSort`, it recurses into the smaller
-/// part only; parts are ordered independently of each other, so the result is the same, and no input can
-/// make the stack deeper than the logarithm of the list's length.
+/// That quicksort is not stable, and where it puts elements of equal sort order is part of what hosts see,
+/// show and store. So its steps are kept exactly, down to the comparisons, and no other sort can take its
+/// place. Unlike `qSort`, it recurses into the smaller part only; parts are ordered independently of each
+/// other, so the result is the same, and no input can make the stack deeper than the logarithm of the list's
+/// length. The time can be quadratic in that length, for sort orders chosen to make it so.
 template <typename Element, typename SortOrderOf>
 class SortOrdering
 {

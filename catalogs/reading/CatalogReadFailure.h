@@ -18,8 +18,8 @@ struct CatalogReadFailure
     };
 
     Reason reason = None;
-    /// Line and column, both from 1: where the XML breaks, or where the refused record begins. 0 when the
-    /// file could not be opened.
+    /// Line and column, both from 1: where the XML breaks, or right behind the start tag of the refused
+    /// record. 0 when the file could not be opened.
     qint64 line = 0;
     qint64 column = 0;
     /// What the system or the XML reader says about it; empty for a refused record.

@@ -1,5 +1,6 @@
 #include "catalogs/reading/CatalogXMLParser.h"
 
+#include "catalogs/model/MakeShared_p.h"
 #include "catalogs/reading/CCatalogTokenizer.h"
 #include "catalogs/reading/ScrambledText.h"
 #include "shared/DataConverter.h"
@@ -46,7 +47,8 @@ struct NamedParameterType
     Shared::InputField::DataType type;
 };
 
-// The format's own types of parameters. A column's type is the host's to read, these are not.
+// The format's own names for the types of parameters. The names for the types of columns are the host's to
+// read; only the numbers must be the same.
 const NamedParameterType namedParameterTypes[] = {
     {QLatin1String("TXT"), Shared::InputField::Text},    {QLatin1String("INT"), Shared::InputField::Integer},
     {QLatin1String("DEC"), Shared::InputField::Decimal}, {QLatin1String("BOL"), Shared::InputField::Boolean},
@@ -72,15 +74,6 @@ QFlags<CatalogItem::TypeFlag> toTypeFlags(const QStringRef &text)
 bool hasMore(const QXmlStreamReader &reader)
 {
     return !reader.atEnd() && !reader.hasError();
-}
-
-// The next token begins where the last one ended, but Qt has then read on: one character, into the tag that
-// ended a text, or two, into the root element of a document without a declaration.
-int charactersAhead(const QXmlStreamReader &reader)
-{
-    if (reader.isCharacters())
-        return 1;
-    return reader.isStartDocument() && reader.documentVersion().isEmpty() ? 2 : 0;
 }
 
 // Reads one record, from its start tag to its own end tag: hands each known field with its text to `store`.
@@ -126,20 +119,28 @@ CatalogXMLParser::~CatalogXMLParser() = default;
 bool CatalogXMLParser::readFile(const QString &fileName, Items &items)
 {
     m_failure = CatalogReadFailure();
-    if (!openFile(fileName))
+    if (!openFile(fileName)) {
+        m_failure.reason = CatalogReadFailure::FileNotRead;
+        m_failure.detail = m_file->error() == QFileDevice::NoError
+                               ? QStringLiteral("No such file or directory")
+                               : m_file->errorString();
         return false;
+    }
     while (hasMore(*m_reader)) {
-        const qint64 line = m_reader->lineNumber();
-        const qint64 column = m_reader->columnNumber() + 1 - charactersAhead(*m_reader);
-        m_reader->readNext();
-        if (m_reader->isStartElement() && !readSection(items)) {
-            describeFailure(line, column);
+        if (m_reader->readNext() != QXmlStreamReader::StartElement)
+            continue;
+        // A refused record is reported here, where its missing field belongs, and not at its end.
+        notePosition();
+        if (!readSection(items)) {
+            if (m_failure.missingFields.isEmpty())
+                describeBrokenInput();
             return false;
         }
     }
-    if (m_reader->hasError())
-        describeBrokenInput();
-    return !m_reader->hasError();
+    if (!m_reader->hasError())
+        return true;
+    describeBrokenInput();
+    return false;
 }
 
 qint64 CatalogXMLParser::readCatalogStyleFlag(const QString &fileName)
@@ -184,18 +185,12 @@ bool CatalogXMLParser::openFile(const QString &fileName)
 {
     m_reader->clear();
     m_file->close();
-    m_failure.reason = CatalogReadFailure::FileNotRead;
     // Answered here, because Qt would print a warning for no name and cut a name at a zero character.
-    if (fileName.isEmpty() || fileName.contains(QChar(QChar::Null))) {
-        m_failure.detail = QStringLiteral("No such file or directory");
+    if (fileName.isEmpty() || fileName.contains(QChar(QChar::Null)))
         return false;
-    }
     m_file->setFileName(fileName);
-    if (!m_file->open(QIODevice::ReadOnly)) {
-        m_failure.detail = m_file->errorString();
+    if (!m_file->open(QIODevice::ReadOnly))
         return false;
-    }
-    m_failure.reason = CatalogReadFailure::None;
     m_reader->setDevice(m_file.get());
     return true;
 }
@@ -351,7 +346,7 @@ bool CatalogXMLParser::readListItem()
 bool CatalogXMLParser::readCodeClass(Items &items)
 {
     using Field = CCatalogTokenizer::CodeClassToken;
-    const auto item = QSharedPointer<CatalogItem>::create();
+    const auto item = makeShared<CatalogItem>();
     const auto store = [&item](Field field, const QStringRef &text) {
         switch (field) {
         case Field::CLASS_PK: item->setId(toText(text)); break;
@@ -370,7 +365,7 @@ bool CatalogXMLParser::readCodeClass(Items &items)
 bool CatalogXMLParser::readBaseCode(Items &items)
 {
     using Field = CCatalogTokenizer::BaseCodeToken;
-    const auto item = QSharedPointer<CatalogItem>::create();
+    const auto item = makeShared<CatalogItem>();
     const auto store = [&item](Field field, const QStringRef &text) {
         switch (field) {
         case Field::BC_PK: item->setId(toText(text)); break;
@@ -398,7 +393,7 @@ bool CatalogXMLParser::readBaseCode(Items &items)
 bool CatalogXMLParser::readCharacterExtension(Items &items)
 {
     using Field = CCatalogTokenizer::CharacterExtensionToken;
-    const auto item = QSharedPointer<CatalogItem>::create();
+    const auto item = makeShared<CatalogItem>();
     const auto store = [&item](Field field, const QStringRef &text) {
         switch (field) {
         case Field::CE_PK: item->setId(toText(text)); break;
@@ -494,6 +489,7 @@ bool CatalogXMLParser::accepts(const char *record, std::initializer_list<Require
     }
     if (m_failure.missingFields.isEmpty())
         return true;
+    m_failure.reason = CatalogReadFailure::RecordRefused;
     m_failure.record = QString::fromLatin1(record);
     return false;
 }
@@ -507,16 +503,10 @@ bool CatalogXMLParser::storesItem(Items &items, const QSharedPointer<CatalogItem
     return true;
 }
 
-// A refused record has named its fields by now; in every other case the input ended or broke inside it.
-void CatalogXMLParser::describeFailure(qint64 line, qint64 column)
+void CatalogXMLParser::notePosition()
 {
-    if (m_failure.missingFields.isEmpty()) {
-        describeBrokenInput();
-        return;
-    }
-    m_failure.reason = CatalogReadFailure::RecordRefused;
-    m_failure.line = line;
-    m_failure.column = column;
+    m_failure.line = m_reader->lineNumber();
+    m_failure.column = m_reader->columnNumber() + 1;
 }
 
 void CatalogXMLParser::describeBrokenInput()
@@ -524,8 +514,7 @@ void CatalogXMLParser::describeBrokenInput()
     const bool isFileError = m_file->error() != QFileDevice::NoError;
     m_failure.reason = isFileError ? CatalogReadFailure::FileNotRead : CatalogReadFailure::NotWellFormed;
     m_failure.detail = isFileError ? m_file->errorString() : m_reader->errorString();
-    m_failure.line = m_reader->lineNumber();
-    m_failure.column = m_reader->columnNumber() + 1;
+    notePosition();
 }
 
 } // namespace Orvida::Catalogs

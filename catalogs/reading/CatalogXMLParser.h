@@ -39,12 +39,17 @@ public:
     /// `items` gets every code class, base code and character extension under its id; a later one
     /// replaces an earlier one with the same id. A file that cannot be opened (an empty name, a folder,
     /// no permission), malformed XML or a record without its keys give false, at once; `failure()` then
-    /// says why, and what was read so far stays where it is. The file stays open until the parser goes.
+    /// says why, and what was read so far stays where it is. The file stays open until the parser goes. A
+    /// second call would add to what the first one read.
     bool readFile(const QString &fileName, QHash<QString, QSharedPointer<CatalogItem>> &items);
 
     /// The value of `CAT_Style` in the catalog information of the file `fileName`, read without the rest of
     /// the catalog; 0 when the file cannot be read, is malformed before the value, or has none.
     qint64 readCatalogStyleFlag(const QString &fileName);
+
+    /// The step of `readCatalogStyleFlag` that is entered on the start tag of the catalog information; 0 when
+    /// there is nothing to read, as at any other time.
+    qint64 readCatalogStyleFlagFromCatalogInfo();
 
     /// Why the last `readFile` gave false; its reason is `None` before the first call and after a success.
     const CatalogReadFailure &failure() const { return m_failure; }
@@ -89,9 +94,8 @@ private:
     [[nodiscard]] bool accepts(const char *record, std::initializer_list<RequiredField> requiredFields);
     [[nodiscard]] bool storesItem(Items &items, const QSharedPointer<CatalogItem> &item, const char *record,
                                   const char *key);
-    void describeFailure(qint64 line, qint64 column);
+    void notePosition();
     void describeBrokenInput();
-    qint64 readCatalogStyleFlagFromCatalogInfo();
 
     // The reader reads from the file: it is declared after it, so that it goes first.
     std::unique_ptr<QFile> m_file;

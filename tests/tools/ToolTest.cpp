@@ -190,10 +190,10 @@ void ToolTest::saysWhatIsWrongAndWhere_data()
         << QByteArray("<OVCAT>\n<CATPRO>\n") << "bad.xml:3:1: error: not well-formed XML: ";
     QTest::newRow("record without key, behind white space")
         << QByteArray("<OVCAT>\n\n   <CATPRO>\n  <PRO_SortOrder>1</PRO_SortOrder></CATPRO></OVCAT>")
-        << "bad.xml:3:4: error: CATPRO record without PRO_PK\n";
+        << "bad.xml:3:12: error: CATPRO record without PRO_PK\n";
     QTest::newRow("record without key, close behind another element")
         << QByteArray("<OVCAT><x/><PARAM></PARAM></OVCAT>")
-        << "bad.xml:1:12: error: PARAM record without PARAM_PK\n";
+        << "bad.xml:1:19: error: PARAM record without PARAM_PK\n";
     QTest::newRow("several keys") << QByteArray("<OVCAT><CPX/></OVCAT>")
                                   << "CPX record without CPX_PK and without CPX_Profile_FK\n";
     QTest::newRow("scrambled key in the clear")
