@@ -1,108 +1,72 @@
 // Value lists, seen through the fields that offer them, and continuous-defect codes.
 
-#include "catalogs/building/CatalogLoader.h"
-
 #include "support/TestSupport.h"
 
+#include <QMap>
 #include <QVector>
 #include <QtTest>
 
-using Orvida::Catalogs::CatalogLoader;
 using Orvida::Catalogs::CatalogSptr;
-using Orvida::Shared::ListItem;
-using Orvida::Tests::CatalogFolder;
-using Orvida::Tests::catalogXml;
-using Orvida::Tests::field;
+using Orvida::Tests::loaded;
 using Orvida::Tests::LogCapture;
-using Orvida::Tests::scrambled;
+using Orvida::Tests::recordsFrom;
 
 namespace {
 
-const char *const codeList = "LC_ID_CD";
+const QByteArray codeList = "LC_ID_CD";
 
-QString text(const char *utf8)
+QByteArray listClass(const QByteArray &key, const QByteArray &id, const QByteArray &more = "")
 {
-    return QString::fromUtf8(utf8);
+    return recordsFrom("LC Profile_FK=P;PK=" + key + ";Class_ID=" + id + ';' + more);
 }
 
-QByteArray listClass(const char *key, const char *id, const char *profile = "P", int typeFlags = 0)
+QByteArray item(const QByteArray &classKey, const QByteArray &more)
 {
-    return "<LC>\n" + field("LC_PK", text(key)) + scrambled("LC_Class_ID", text(id))
-           + field("LC_Profile_FK", text(profile)) + field("LC_TypeFlags", QString::number(typeFlags))
-           + "</LC>\n";
-}
-
-// Texts that are null are left out.
-QByteArray listItem(const char *classKey, const QString &internal, const QString &caption,
-                    const QString &item, int sortOrder = 0, const QByteArray &more = QByteArray())
-{
-    return "<LIST>\n" + more + (internal.isNull() ? QByteArray() : field("LIST_Internal", internal))
-           + (caption.isNull() ? QByteArray() : scrambled("LIST_Caption", caption))
-           + (item.isNull() ? QByteArray() : field("LIST_Item", item))
-           + field("LIST_SortOrder", QString::number(sortOrder)) + field("LIST_Class_FK", text(classKey))
-           + "</LIST>\n";
+    return recordsFrom("LIST Class_FK=" + classKey + ';' + more);
 }
 
 // One item of the class K per sort order: A with the internal text a, and so on.
 QByteArray itemsWith(const QVector<int> &sortOrders)
 {
-    QByteArray records;
-    for (int place = 0; place < sortOrders.size(); ++place) {
-        const QString name = QChar('A' + place);
-        records += listItem("K", name.toLower(), QString(), name, sortOrders.at(place));
+    QByteArray items;
+    for (int sortOrder : sortOrders) {
+        const QByteArray name(1, static_cast<char>('A' + items.count("<LIST>")));
+        items += item("K", "Internal=" + name.toLower() + ";Item=" + name
+                               + ";SortOrder=" + QByteArray::number(sortOrder));
     }
-    return records;
+    return items;
 }
 
-// A base code with a field that offers the list `id`, under the profiles P and Q.
-QByteArray offered(const char *id)
+// A field of the base code B that offers the list `id`, under the profiles P and Q.
+QByteArray fieldFor(const QByteArray &id)
 {
-    const QString name = text(id);
-    const auto column = [&name](const char *profile) {
-        return "<COL>\n" + field("COL_Profile_FK", text(profile)) + scrambled("COL_Column_ID", name)
-               + field("COL_DataType", text("TXT")) + "</COL>\n";
-    };
-    return "<BASECODE>\n" + field("BC_PK", name) + "</BASECODE>\n<PARAMX>\n" + field("PX_PK", name)
-           + field("PX_BaseCode_FK", name) + field("PX_Column_ID", name) + field("PX_ListClass_ID", name)
-           + "</PARAMX>\n" + column("P") + column("Q");
+    return recordsFrom(QByteArray(R"(
+        PARAMX PK=#;BaseCode_FK=B;Column_ID=#;ListClass_ID=#
+        COL Column_ID=#;Profile_FK=P;DataType=TXT
+        COL Column_ID=#;Profile_FK=Q;DataType=TXT)")
+                           .replace("#", id));
 }
 
-QList<ListItem> entriesOf(const CatalogSptr &catalog, const char *profile, const char *id)
+// The values of all lists and all codes, such as "P.L=A,B | Q.codes=a:A,b:B"; without those that are empty.
+QString listsAndCodes(const CatalogSptr &catalog)
 {
-    catalog->setProfile(text(profile));
-    const auto &fields = catalog->getItemById(text(id))->getFields();
-    return fields.size() == 1 ? fields.first().itemList()
-                              : QList<ListItem>{ListItem(QVariant(), QString(), text("not one field"))};
-}
-
-QString namesOf(const CatalogSptr &catalog, const char *profile, const char *id)
-{
-    QStringList names;
-    for (const ListItem &entry : entriesOf(catalog, profile, id))
-        names += entry.itemText();
-    return names.join(QLatin1Char(' '));
-}
-
-QString codesOf(const CatalogSptr &catalog, const char *profile)
-{
-    catalog->setProfile(text(profile));
-    const auto &codes = catalog->getContinousDefectCodes();
+    QMap<QString, QStringList> found;
+    for (const QString &profile : {QStringLiteral("P"), QStringLiteral("Q")}) {
+        catalog->setProfile(profile);
+        for (const auto &field : catalog->getItemById(QStringLiteral("B"))->getFields()) {
+            for (const auto &entry : field.itemList())
+                found[profile + QLatin1Char('.') + field.boundColumn()] += entry.value().toString();
+        }
+        QStringList keys = catalog->getContinousDefectCodes().keys();
+        keys.sort();
+        for (const QString &key : qAsConst(keys))
+            found[profile + QStringLiteral(".codes")] +=
+                key + QLatin1Char(':') + catalog->getContinousDefectCodes().value(key);
+    }
     QStringList texts;
-    for (auto code = codes.cbegin(); code != codes.cend(); ++code)
-        texts += code.key() + QLatin1Char('=') + code.value();
-    texts.sort();
-    return texts.join(QLatin1Char(' '));
-}
-
-QString toText(const ListItem &entry)
-{
-    return QStringLiteral("%1/%2/%3").arg(entry.value().toString(), entry.caption(), entry.itemText());
-}
-
-// A row of a table with one column of records and two of texts.
-void row(const char *name, const QByteArray &records, const char *first, const char *second)
-{
-    QTest::newRow(name) << records << first << second;
+    for (auto list = found.cbegin(); list != found.cend(); ++list)
+        texts += list.key() + QLatin1Char('=') + list->join(QLatin1Char(','));
+    return texts.join(QStringLiteral(" | "));
 }
 
 } // namespace
@@ -112,236 +76,89 @@ class ListLookupTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void choosesTheValueOfAnEntry_data();
-    void choosesTheValueOfAnEntry();
-    void ordersEntries_data();
-    void ordersEntries();
-    void findsTheListOfProfileAndId_data();
-    void findsTheListOfProfileAndId();
-    void ordersSharedItemsOncePerClass_data();
-    void ordersSharedItemsOncePerClass();
-    void keepsCodesPerProfile_data();
-    void keepsCodesPerProfile();
-    void offersCodesByTheirInternalText();
-    void logsClassesEntriesAndMissingItemsInOrder();
-
-private:
-    CatalogSptr load(const QByteArray &records)
-    {
-        const QString path = m_folder.write(text("catalog.xml"), catalogXml(records));
-        return CatalogLoader().loadCatalog(path, text("id"));
-    }
-
-    CatalogFolder m_folder;
+    void buildsListsAndCodes_data();
+    void buildsListsAndCodes();
+    void logsClassesAndEntriesInOrder();
 };
 
-void ListLookupTest::choosesTheValueOfAnEntry_data()
-{
-    QTest::addColumn<int>("typeFlags");
-    QTest::addColumn<QString>("internal");
-    QTest::addColumn<QString>("caption");
-    QTest::addColumn<QString>("item");
-    QTest::addColumn<QString>("value");
-
-    const auto entryRow = [](const char *name, int typeFlags, const QVector<const char *> &texts) {
-        QTestData &data = QTest::newRow(name) << typeFlags;
-        for (const char *utf8 : texts)
-            data << text(utf8);
-    };
-    entryRow("no flag", 0, {"in", "cap", "item", "item"});
-    entryRow("internal wanted", 0x20, {"in", "cap", "item", "in"});
-    entryRow("caption wanted", 0x01, {"in", "cap", "item", "cap"});
-    entryRow("both wanted", 0x21, {"in", "cap", "item", "in"});
-    entryRow("all other flags", ~0x21, {"in", "cap", "item", "item"});
-    entryRow("all flags but internal", ~0x20, {"in", "cap", "item", "cap"});
-    entryRow("no internal", 0x20, {nullptr, "cap", "item", "item"});
-    entryRow("blank internal", 0x20, {"  ", "cap", "item", "item"});
-    entryRow("blank internal, both wanted", 0x21, {"  ", "cap", "item", "cap"});
-    entryRow("tab and no-break space", 0x20, {"\t\u00A0", "cap", "item", "item"});
-    entryRow("internal keeps its blanks", 0x21, {"  X1 ", "cap", "item", "  X1 "});
-    entryRow("no caption: not the item", 0x01, {"in", nullptr, "item", ""});
-    entryRow("blank caption: not the item", 0x21, {" ", " ", "item", " "});
-    entryRow("no item: not the others", 0, {"in", "cap", nullptr, ""});
-}
-
-void ListLookupTest::choosesTheValueOfAnEntry()
-{
-    QFETCH(int, typeFlags);
-    QFETCH(QString, internal);
-    QFETCH(QString, caption);
-    QFETCH(QString, item);
-    QFETCH(QString, value);
-
-    const LogCapture silence;
-    const CatalogSptr catalog =
-        load(listClass("K", "L", "P", typeFlags) + listItem("K", internal, caption, item) + offered("L"));
-    const auto entries = entriesOf(catalog, "P", "L");
-    QCOMPARE(entries.size(), 1);
-    QCOMPARE(entries.first().value().userType(), int(QMetaType::QString));
-    QCOMPARE(toText(entries.first()), value + QLatin1Char('/') + caption + QLatin1Char('/') + item);
-}
-
-void ListLookupTest::ordersEntries_data()
-{
-    QTest::addColumn<QVector<int>>("sortOrders");
-    QTest::addColumn<QString>("names");
-
-    QTest::newRow("all different") << QVector<int>{3, 1, 2} << "B C A";
-    QTest::newRow("negative ones first") << QVector<int>{0, -1, 1, -20} << "D B A C";
-    QTest::newRow("two equal") << QVector<int>{1, 1} << "A B";
-    QTest::newRow("three, two equal") << QVector<int>{2, 1, 1} << "C B A";
-    QTest::newRow("four equal") << QVector<int>{1, 1, 1, 1} << "D C A B";
-    QTest::newRow("five equal") << QVector<int>{1, 1, 1, 1, 1} << "D E C A B";
-    QTest::newRow("two pairs") << QVector<int>{1, 0, 1, 0} << "D B C A";
-}
-
-void ListLookupTest::ordersEntries()
-{
-    QFETCH(QVector<int>, sortOrders);
-    const CatalogSptr catalog = load(listClass("K", "L") + itemsWith(sortOrders) + offered("L"));
-    QTEST(namesOf(catalog, "P", "L"), "names");
-}
-
-void ListLookupTest::findsTheListOfProfileAndId_data()
+void ListLookupTest::buildsListsAndCodes_data()
 {
     QTest::addColumn<QByteArray>("records");
-    QTest::addColumn<QString>("ofP");
-    QTest::addColumn<QString>("ofQ");
+    QTest::addColumn<QString>("listsAndCodes");
 
-    const QByteArray list = listClass("K", "L");
-    const QByteArray other = listClass("O", "L");
-    const QByteArray ofQ = listClass("K", "L", "Q");
-    const QByteArray items = itemsWith({1, 2});
-    const QByteArray others = listItem("O", QString(), QString(), text("X"));
-    const QByteArray late = listItem("K", QString(), QString(), text("Z"), 9);
-    row("only in one profile", list + items, "A B", "");
-    row("one per profile", list + listClass("O", "L", "Q") + items + others, "A B", "X");
-    row("shared items", list + ofQ + items, "A B", "A B");
-    row("items before their class", items + list, "A B", "");
-    row("items apart", late + list + others + items, "A B Z", "");
-    row("items of an unknown class", list + others, "", "");
-    row("class without items", list, "", "");
-    row("class without key", listClass("K", "L").replace("LC_PK", "LC_X") + items, "", "");
-    row("letter case", listClass("k", "L") + listClass("K", "l") + listClass("K", "L", "p") + items, "", "");
-    row("later class", list + other + items + others, "X", "");
-    row("later class, items in the other order", items + others + other + list, "A B", "");
-    row("later class without items", list + other + items, "", "");
-    row("later class of another profile", list + items + listClass("O", "L", "Q"), "A B", "");
-    row("later class with another id", list + items + listClass("O", "M"), "A B", "");
-}
+    const auto valueRow = [](const char *name, int flags, const QByteArray &fields, const char *value) {
+        QTest::newRow(name) << listClass("K", "L", "TypeFlags=" + QByteArray::number(flags))
+                                   + item("K", fields)
+                            << QStringLiteral("P.L=") + QString::fromUtf8(value);
+    };
+    const QByteArray full = "Internal=in;Caption=cap;Item=item";
+    valueRow("all flags but these", ~0x21, full, "item");
+    valueRow("internal wanted", 0x20, full, "in");
+    valueRow("all flags but internal", ~0x20, full, "cap");
+    valueRow("both wanted", 0x21, full, "in");
+    valueRow("no internal", 0x20, "Caption=cap;Item=item", "item");
+    valueRow("white internal, both wanted", 0x21, "Internal=\t\u00A0;Caption=cap;Item=item", "cap");
+    valueRow("internal keeps its blanks", 0x20, "Internal=  X1 ;Item=item", "  X1 ");
+    valueRow("no caption: not the item", 0x01, "Internal=in;Item=item", "");
+    valueRow("no item: not the others", 0, "Internal=in;Caption=cap", "");
 
-void ListLookupTest::findsTheListOfProfileAndId()
-{
-    QFETCH(QByteArray, records);
-    const CatalogSptr catalog = load(offered("L") + records);
-    QTEST(namesOf(catalog, "Q", "L"), "ofQ");
-    QTEST(namesOf(catalog, "P", "L"), "ofP");
-}
-
-// The items themselves are ordered, so the second class starts from the order that the first one left.
-void ListLookupTest::ordersSharedItemsOncePerClass_data()
-{
-    QTest::addColumn<QByteArray>("classes");
-    QTest::addColumn<QString>("listOfL");
-    QTest::addColumn<QString>("listOfM");
-
+    const auto row = [](const char *name, const QByteArray &records, const char *expected) {
+        QTest::newRow(name) << records << QString::fromUtf8(expected);
+    };
     const QByteArray l = listClass("K", "L");
-    const QByteArray m = listClass("K", "M");
-    row("L first", l + m, "D C A B", "B A D C");
-    row("M first", m + l, "B A D C", "D C A B");
-    row("class with other items between", l + listClass("O", "O") + m, "D C A B", "B A D C");
-    row("class of another profile between", l + listClass("K", "L", "Q") + m, "D C A B", "C D B A");
-    row("replaced class counts", l + l + m, "B A D C", "C D B A");
-    row("codes count", listClass("K", codeList) + l + m, "B A D C", "C D B A");
-}
-
-void ListLookupTest::ordersSharedItemsOncePerClass()
-{
-    QFETCH(QByteArray, classes);
-    const CatalogSptr catalog = load(classes + itemsWith({5, 5, 5, 5}) + offered("M") + offered("L"));
-    QTEST(namesOf(catalog, "P", "M"), "listOfM");
-    QTEST(namesOf(catalog, "P", "L"), "listOfL");
-}
-
-void ListLookupTest::keepsCodesPerProfile_data()
-{
-    QTest::addColumn<QByteArray>("records");
-    QTest::addColumn<QString>("ofP");
-    QTest::addColumn<QString>("ofQ");
-
-    const auto item = [](const char *internal, const char *name, int sortOrder) {
-        return listItem("K", text(internal), QString(), text(name), sortOrder);
-    };
-    const QByteArray codes = listClass("K", codeList);
-    const QByteArray other = listClass("O", codeList);
     const QByteArray items = itemsWith({1, 2});
-    const QByteArray x = listItem("O", text("x"), text("cap"), text("X"));
-    row("one table per profile", codes + listClass("O", codeList, "Q") + items + x, "a=A b=B", "x=X");
-    row("shared items", codes + listClass("K", codeList, "Q") + items, "a=A b=B", "a=A b=B");
-    row("later class replaces all", codes + other + items + x, "x=X", "");
-    row("later class without items", codes + items + other, "", "");
-    row("type flags do not count", listClass("O", codeList, "P", 1) + x, "x=X", "");
-    row("same internal text: the last in order", codes + item("a", "late", 3) + item("a", "early", 1),
-        "a=late", "");
-    row("same internal text: ties move",
-        codes + item("b", "B", 2) + item("a", "first", 1) + item("a", "second", 1), "a=first b=B", "");
-    row("exact internal text", codes + item("a", "1", 1) + item("A", "2", 2) + item("a ", "3", 3),
-        "A=2 a =3 a=1", "");
-    row("no internal text", codes + item(nullptr, "A", 1), "=A", "");
-    row("lists of other ids", listClass("K", "L") + listClass("K", "lc_id_cd") + items, "", "");
+    const QByteArray x = item("O", "Item=X;Internal=x");
+    row("by sort order, equal ones as known", l + itemsWith({1, 0, 1, 0, -2}), "P.L=E,B,D,C,A");
+    row("one list per profile", l + listClass("O", "L", "Profile_FK=Q") + items + x, "P.L=A,B | Q.L=X");
+    row("items apart, before their class", item("K", "Item=Z;SortOrder=9") + x + items + l, "P.L=A,B,Z");
+    row("class without key", listClass("", "L") + items, "");
+    row("letter case", listClass("k", "L") + listClass("K", "l") + items, "");
+    row("later class", l + listClass("O", "L") + items + x, "P.L=X");
+    row("later class, items in the other order", x + items + listClass("O", "L") + l, "P.L=A,B");
+    row("later class without items", l + listClass("none", "L") + items, "");
+
+    // Items are ordered where they are, so each class starts from the order that the one before it left.
+    const QByteArray equal = itemsWith({5, 5, 5, 5});
+    row("items of three classes", l + listClass("K", "L", "Profile_FK=Q") + listClass("K", "M") + equal,
+        "P.L=D,C,A,B | P.M=C,D,B,A | Q.L=B,A,D,C");
+    row("items of a replaced class", l + l + listClass("K", "M") + equal, "P.L=B,A,D,C | P.M=C,D,B,A");
+    row("items of codes and of a list", listClass("K", codeList) + l + equal,
+        "P.L=B,A,D,C | P.LC_ID_CD=d,c,a,b | P.codes=a:A,b:B,c:C,d:D");
+
+    const QByteArray codes = listClass("K", codeList);
+    row("codes per profile", codes + listClass("O", codeList, "Profile_FK=Q") + items + x,
+        "P.LC_ID_CD=a,b | P.codes=a:A,b:B | Q.LC_ID_CD=x | Q.codes=x:X");
+    row("later class of codes, with flags", codes + items + listClass("O", codeList, "TypeFlags=1") + x,
+        "P.LC_ID_CD=x | P.codes=x:X");
+    row("codes with one internal text: the last in order",
+        codes + item("K", "Internal=a;Item=2;SortOrder=2") + item("K", "Internal=a;Item=1;SortOrder=1"),
+        "P.LC_ID_CD=a,a | P.codes=a:2");
 }
 
-void ListLookupTest::keepsCodesPerProfile()
+void ListLookupTest::buildsListsAndCodes()
 {
     QFETCH(QByteArray, records);
     const LogCapture silence;
-    const CatalogSptr catalog = load(records);
-    QTEST(codesOf(catalog, "Q"), "ofQ");
-    QTEST(codesOf(catalog, "P"), "ofP");
+    const QByteArray fields =
+        recordsFrom("BASECODE PK=B") + fieldFor("L") + fieldFor("M") + fieldFor(codeList);
+    QTEST(listsAndCodes(loaded(fields + records)), "listsAndCodes");
 }
 
-void ListLookupTest::offersCodesByTheirInternalText()
+void ListLookupTest::logsClassesAndEntriesInOrder()
 {
-    for (int typeFlags : {0, 0x01, 0x20, 0x21}) {
-        const LogCapture silence;
-        const CatalogSptr catalog = load(offered(codeList) + listClass("K", codeList, "P", typeFlags)
-                                         + listItem("K", text(" "), text("two"), text("B"), 2)
-                                         + listItem("K", text("a"), text("one"), text("A"), 1));
-        QStringList entries;
-        for (const ListItem &entry : entriesOf(catalog, "P", codeList))
-            entries += toText(entry);
-        QCOMPARE(entries, QStringList({text("a/one/A"), text(" /two/B")}));
-    }
-}
-
-void ListLookupTest::logsClassesEntriesAndMissingItemsInOrder()
-{
-    const QByteArray records =
-        offered("M").replace("BC_PK>M", "BC_PK>N") + itemsWith({2, 1}) + listClass("K", "M", "Q", 0x20)
-        + listClass("none", "E") + listItem("unknown", text("u"), text("u"), text("U"))
-        + listClass("O", "lc_id_cd") + listClass("K", codeList)
-        + listItem("O", QString(), QString(), QString(), 2)
-        + listItem("O", QString(), QString(), text("%1"), 1, field("LIST_Param_ID", text("unknown")))
-        + listClass("K", "M", "Q", 0x01);
     const LogCapture log;
-    QVERIFY(load(records)->IsValid());
+    loaded(listClass("K", "M", "TypeFlags=1;Profile_FK=Q") + recordsFrom("PARAMX PK=1;BaseCode_FK=%1")
+           + listClass("none", "lc_id_cd") + listClass("K", codeList) + itemsWith({1})
+           + listClass("K", "%1"));
     QCOMPARE(log.messages().join(QLatin1Char('\n')),
-             text("CatalogLoader|info|Creating items for list: M\n"
-                  "CatalogListItem|debug|Catalog item created key:b value:B\n"
-                  "CatalogListItem|debug|Catalog item created key:a value:A\n"
-                  "CatalogLoader|info|Creating items for list: E\n"
-                  "CatalogLoader|info|Creating items for list: lc_id_cd\n"
-                  "CatalogListItem|debug|Catalog item created key:%1 value:%1\n"
-                  "CatalogListItem|debug|Catalog item created key: value:\n"
-                  "CatalogListItem|critical|Catalog item created with empty key!\n"
-                  "CatalogListItem|debug|Catalog item created key:b value:B\n"
-                  "CatalogListItem|debug|Catalog item created key:a value:A\n"
-                  "CatalogLoader|info|Creating items for list: M\n"
-                  "CatalogListItem|debug|Catalog item created key: value:B\n"
-                  "CatalogListItem|critical|Catalog item created with empty key!\n"
-                  "CatalogListItem|debug|Catalog item created key: value:A\n"
-                  "CatalogListItem|critical|Catalog item created with empty key!\n"
-                  "CatalogLoader|critical|Catalog item M not found!"));
+             QStringLiteral("CatalogLoader|info|Creating items for list: M\n"
+                            "CatalogListItem|debug|Catalog item created key: value:A\n"
+                            "CatalogListItem|critical|Catalog item created with empty key!\n"
+                            "CatalogLoader|info|Creating items for list: lc_id_cd\n"
+                            "CatalogListItem|debug|Catalog item created key:a value:A\n"
+                            "CatalogLoader|info|Creating items for list: %1\n"
+                            "CatalogListItem|debug|Catalog item created key:A value:A\n"
+                            "CatalogLoader|critical|Catalog item %1 not found!"));
 }
 
 QTEST_GUILESS_MAIN(ListLookupTest)

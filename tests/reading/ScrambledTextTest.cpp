@@ -23,23 +23,26 @@ void ScrambledTextTest::decodes_data()
     QTest::addColumn<QString>("scrambled");
     QTest::addColumn<QString>("text");
 
+    const auto row = [](const char *name, const char *scrambled, const char *text) {
+        QTest::newRow(name) << scrambled << text;
+    };
     // "A" is 0x41: rotated left by 2, 3, 4, 5, 1 and 2 it is 05, 0A, 14, 28, 82 and 05.
-    QTest::newRow("every rotation count") << "050A14288205" << "AAAAAA";
-    QTest::newRow("lower-case digits") << "050a14288205" << "AAAAAA";
-    QTest::newRow("last odd digit ignored") << "050" << "A";
-    QTest::newRow("one character") << "0" << "";
-    QTest::newRow("nothing") << "" << "";
-    QTest::newRow("ends at a zero byte") << "05000A" << "A";
-    QTest::newRow("only a zero byte") << "00" << "";
-    QTest::newRow("no number ends the text") << "05xy14" << "A";
-    QTest::newRow("hexadecimal prefix alone is no number") << "050x14" << "A";
+    row("every rotation count", "050A14288205", "AAAAAA");
+    row("lower-case digits", "050a14288205", "AAAAAA");
+    row("last odd digit ignored", "050", "A");
+    row("one character", "0", "");
+    row("nothing", "", "");
+    row("ends at a zero byte", "05000A", "A");
+    row("only a zero byte", "00", "");
+    row("no number ends the text", "05xy14", "A");
+    row("hexadecimal prefix alone is no number", "050x14", "A");
     // -5 is the byte 0xFB, which rotates right by 2 to 0xFE: no UTF-8.
-    QTest::newRow("a sign counts") << "-5" << QString(QChar(QChar::ReplacementCharacter));
+    row("a sign counts", "-5", "\uFFFD");
     // 5 is the byte 0x05, the first one of "A".
-    QTest::newRow("plus sign") << "+5" << "A";
-    QTest::newRow("blank before the digit") << " 5" << "A";
-    QTest::newRow("blank behind the digit") << "5 " << "A";
-    QTest::newRow("digits of other scripts are no digits") << QStringLiteral("\u0660\u0665") << "";
+    row("plus sign", "+5", "A");
+    row("blank before the digit", " 5", "A");
+    row("blank behind the digit", "5 ", "A");
+    row("digits of other scripts are no digits", "\u0660\u0665", "");
 }
 
 void ScrambledTextTest::decodes()
@@ -54,7 +57,8 @@ void ScrambledTextTest::decodesWhatItEncodes_data()
     QTest::addColumn<QString>("text");
 
     QTest::newRow("empty") << "";
-    QTest::newRow("letters of two, three and four bytes") << QStringLiteral("d\u00E9sordre \u20AC \U0001F687");
+    QTest::newRow("letters of two, three and four bytes")
+        << QStringLiteral("d\u00E9sordre \u20AC \U0001F687");
     QTest::newRow("begins with a byte-order mark") << QStringLiteral("\uFEFFA");
     QTest::newRow("longer than any buffer on the stack") << QStringLiteral("fissure ").repeated(1000);
 }

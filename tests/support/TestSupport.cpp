@@ -1,11 +1,14 @@
 #include "support/TestSupport.h"
 
 #include "catalogs/access/CatalogConfigData.h"
+#include "catalogs/building/CatalogLoader.h"
 #include "catalogs/reading/ScrambledText.h"
 
 #include <QFile>
 #include <QLoggingCategory>
+#include <QMap>
 #include <QMutexLocker>
+#include <QRegularExpression>
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,8 +30,8 @@ void collect(QtMsgType type, const QMessageLogContext &context, const QString &m
                                                      {QtCriticalMsg, QStringLiteral("critical")},
                                                      {QtFatalMsg, QStringLiteral("fatal")}};
     const QMutexLocker lock(&logMutex);
-    logged.append(QString::fromUtf8(context.category) + QLatin1Char('|') + levels.value(type) + QLatin1Char('|')
-                  + message);
+    logged.append(QString::fromUtf8(context.category) + QLatin1Char('|') + levels.value(type)
+                  + QLatin1Char('|') + message);
 }
 
 } // namespace
@@ -59,6 +62,44 @@ QByteArray field(const char *name, const QString &text)
 QByteArray scrambled(const char *name, const QString &text)
 {
     return field(name, Catalogs::ScrambledText::encode(text));
+}
+
+QByteArray recordsFrom(const QByteArray &lines)
+{
+    static const QRegularExpression pattern(QStringLiteral("^ *([A-Z]+) ((?:.*;\n)*.*)$"),
+                                            QRegularExpression::MultilineOption);
+    static const QMap<QString, QString> prefixes = {{QStringLiteral("BASECODE"), QStringLiteral("BC")},
+                                                    {QStringLiteral("CHAREXT"), QStringLiteral("CE")},
+                                                    {QStringLiteral("CATPRO"), QStringLiteral("PRO")},
+                                                    {QStringLiteral("PARAMX"), QStringLiteral("PX")}};
+    static const QByteArrayList scrambledFields = {
+        "COL_Column_ID", "COL_Caption", "LC_Class_ID",   "LIST_Caption", "CLASS_Item",
+        "BC_Item",       "BC_Code",     "PARAM_Caption", "PARAM_Prefix", "PARAM_Suffix"};
+    QByteArray records;
+    for (auto matches = pattern.globalMatch(QString::fromUtf8(lines)); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        const QString kind = match.captured(1);
+        QMap<QByteArray, QString> values;
+        for (const QString &nameAndValue : match.captured(2).split(QLatin1Char(';'))) {
+            const QString name = nameAndValue.section(QLatin1Char('='), 0, 0).trimmed();
+            values.insert((prefixes.value(kind, kind) + QLatin1Char('_') + name).toUtf8(),
+                          nameAndValue.section(QLatin1Char('='), 1));
+        }
+        records += '<' + kind.toUtf8() + ">\n";
+        for (auto value = values.cbegin(); value != values.cend(); ++value) {
+            const auto write = scrambledFields.contains(value.key()) ? scrambled : field;
+            records += value->isEmpty() ? QByteArray() : write(value.key().constData(), *value);
+        }
+        records += "</" + kind.toUtf8() + ">\n";
+    }
+    return records;
+}
+
+Catalogs::CatalogSptr loaded(const QByteArray &records)
+{
+    const CatalogFolder folder;
+    return Catalogs::CatalogLoader().loadCatalog(
+        folder.write(QStringLiteral("catalog.xml"), catalogXml(records)), QStringLiteral("id"));
 }
 
 LogCapture::LogCapture()

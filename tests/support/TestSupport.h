@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogs/access/ICatalogFileNameProvider.h"
+#include "catalogs/model/Catalog.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -31,6 +32,14 @@ QByteArray catalogXml(const QByteArray &records);
 /// One field element, its text escaped; `scrambled` also puts it into its scrambled form.
 QByteArray field(const char *name, const QString &text);
 QByteArray scrambled(const char *name, const QString &text);
+
+/// Records from lines such as "LC PK=1;Class_ID=L": a kind and its fields, named without the prefix of their
+/// kind, the scrambled ones in clear. A line that ends with ';' goes on in the next one. Of two values of one
+/// name the later counts; a field with an empty value is left out.
+QByteArray recordsFrom(const QByteArray &lines);
+
+/// The catalog "id" of a file with these records.
+Catalogs::CatalogSptr loaded(const QByteArray &records);
 
 /// Collects what is logged while it lives, each as "category|level|message" (levels: debug, info, warning,
 /// critical), with all levels of the library's categories switched on. Any thread may log. One at a time.
