@@ -87,6 +87,19 @@ ProfileColumns columnsOfProfiles(const CatalogXMLParser &parser)
     return result;
 }
 
+// The entries of a list class of a profile; null when there is no such class, or none is asked for.
+const QList<Shared::ListItem> *entriesOf(const ListLookup &lists, const QString &profile,
+                                         const QString &classId)
+{
+    if (classId.isEmpty())
+        return nullptr;
+    const auto listsOfProfile = lists.constFind(profile);
+    if (listsOfProfile == lists.constEnd())
+        return nullptr;
+    const auto entries = listsOfProfile->constFind(classId);
+    return entries == listsOfProfile->constEnd() ? nullptr : &*entries;
+}
+
 // Adds the field of each profile that has the column.
 void addFields(CatalogItem &item, const CatalogParserParamExtended &extension,
                const CatalogParserParameter &parameter, const QVector<const CatalogParserColumn *> &columns,
@@ -99,9 +112,9 @@ void addFields(CatalogItem &item, const CatalogParserParamExtended &extension,
         CatalogInputField field = common;
         field.setIsReadonly(column->readOnly);
         field.setIsVisible(column->visible);
-        const auto entries = lists.value(column->profileFk).value(extension.listClassId);
-        if (!extension.listClassId.isEmpty() && !entries.isEmpty())
-            field.setItemList(entries);
+        const auto *entries = entriesOf(lists, column->profileFk, extension.listClassId);
+        if (entries && !entries->isEmpty())
+            field.setItemList(*entries);
         item.addField(column->profileFk, field);
     }
 }
@@ -110,16 +123,20 @@ void addFields(CatalogItem &item, const CatalogParserParamExtended &extension,
 
 void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const ListLookup &lists)
 {
+    const QHash<QString, QSharedPointer<CatalogItem>> &items = catalog.getCatalogItems();
     const ProfileColumns columns = columnsOfProfiles(parser);
+    const CatalogParserParameter noParameter;
     for (const CatalogParserParamExtended &extension : parser.m_parameterExtensions) {
         const QString &itemKey = extension.baseCodeFk.isEmpty() ? extension.charExtFk : extension.baseCodeFk;
-        const QSharedPointer<CatalogItem> item = catalog.getCatalogItems().value(itemKey);
-        if (!item) {
+        const auto item = items.constFind(itemKey);
+        if (item == items.constEnd() || !*item) {
             CLogger::logMessage(CLogger::Error, QStringLiteral("CatalogLoader"),
                                 QStringLiteral("Catalog item ") + itemKey + QStringLiteral(" not found!"));
             continue;
         }
-        addFields(*item, extension, parser.m_parameters.value(extension.paramFk),
+        const auto parameter = parser.m_parameters.constFind(extension.paramFk);
+        const bool hasParameter = parameter != parser.m_parameters.constEnd();
+        addFields(**item, extension, hasParameter ? *parameter : noParameter,
                   columns.value(extension.columnId), lists);
     }
 }

@@ -59,8 +59,8 @@ void Catalog::buildRelations()
             m_itemsByCode.insert(item->code(), item);
             continue;
         }
-        if (const QSharedPointer<CatalogItem> parent = parentOf(*item))
-            parent->addChildItem(item);
+        if (const auto *parent = parentOf(*item))
+            (*parent)->addChildItem(item);
         else
             reportOrphan(*item, m_catalogId);
         if (!item->code().isEmpty())
@@ -68,9 +68,11 @@ void Catalog::buildRelations()
     }
 }
 
-QSharedPointer<CatalogItem> Catalog::parentOf(const CatalogItem &item) const
+// The parent's place in the table, or null when there is no such item.
+const QSharedPointer<CatalogItem> *Catalog::parentOf(const CatalogItem &item) const
 {
-    return m_items.value(item.parentId());
+    const auto parent = m_items.constFind(item.parentId());
+    return parent == m_items.constEnd() || !*parent ? nullptr : &*parent;
 }
 
 // The first item with a code answers for it, until a child of that item has the same code.
@@ -96,12 +98,12 @@ void Catalog::rememberLoops()
     int walk = 0;
     for (const QSharedPointer<CatalogItem> &start : std::as_const(m_items)) {
         ++walk;
-        QSharedPointer<CatalogItem> item = start;
-        while (item && item->m_ancestorWalk == 0 && !item->id().isEmpty()) {
-            item->m_ancestorWalk = walk;
-            const QSharedPointer<CatalogItem> parent = parentOf(*item);
-            if (parent && parent->m_ancestorWalk == walk)
-                m_loopLinks.append({parent, item});
+        const QSharedPointer<CatalogItem> *item = start ? &start : nullptr;
+        while (item && (*item)->m_ancestorWalk == 0 && !(*item)->id().isEmpty()) {
+            (*item)->m_ancestorWalk = walk;
+            const QSharedPointer<CatalogItem> *parent = parentOf(**item);
+            if (parent && (*parent)->m_ancestorWalk == walk)
+                m_loopLinks.append({*parent, *item});
             item = parent;
         }
     }

@@ -84,7 +84,7 @@ public:
 private:
     using ItemTable = QHash<QString, QSharedPointer<CatalogItem>>;
 
-    QSharedPointer<CatalogItem> parentOf(const CatalogItem &item) const;
+    const QSharedPointer<CatalogItem> *parentOf(const CatalogItem &item) const;
     void registerCode(const QSharedPointer<CatalogItem> &item);
     void rememberLoops();
     void cutLoops();

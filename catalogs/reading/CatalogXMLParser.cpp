@@ -3,23 +3,19 @@
 #include "catalogs/model/MakeShared_p.h"
 #include "catalogs/reading/CCatalogTokenizer.h"
 #include "catalogs/reading/ScrambledText.h"
+#include "catalogs/reading/TextPool_p.h"
 #include "shared/DataConverter.h"
 
 #include <QFile>
 #include <QXmlStreamReader>
 
+#include <utility>
+
 namespace Orvida::Catalogs {
 
 namespace {
 
-// The six conversions of a field's text. The view dies with the reader's next token.
-
-// Copies the characters: QStringRef::toString() of a whole text would share the reader's own buffer, and
-// every stored value would keep that buffer's reserve alive.
-QString toText(const QStringRef &text)
-{
-    return QString(text.constData(), text.length());
-}
+// The conversions of a field's text, besides toText. The view dies with the reader's next token.
 
 int toInt(const QStringRef &text)
 {
@@ -69,11 +65,19 @@ QFlags<CatalogItem::TypeFlag> toTypeFlags(const QStringRef &text)
     return QFlag(text.toInt());
 }
 
-// Whether another token can be read. A device that fails in the middle of a file leaves the reader in an
-// error and not at its end, for ever.
-bool hasMore(const QXmlStreamReader &reader)
+// Whether the token that was just read is the last one: the document's end, or an error. Not asked of
+// QXmlStreamReader::atEnd(), which stays false for ever when a device fails in the middle of a file.
+bool isLast(QXmlStreamReader::TokenType token)
 {
-    return !reader.atEnd() && !reader.hasError();
+    return token == QXmlStreamReader::Invalid || token == QXmlStreamReader::EndDocument;
+}
+
+// Appends without copying the record, which QList::append() would do.
+template <typename Record>
+void appendTo(QList<Record> &records, Record &&record)
+{
+    records.append(Record());
+    records.last() = std::move(record);
 }
 
 // Reads one record, from its start tag to its own end tag: hands each known field with its text to `store`.
@@ -84,8 +88,8 @@ template <typename Token, typename Store>
 {
     Token field = Token::Unknown;
     int depth = 0;
-    for (; hasMore(reader); reader.readNext()) {
-        switch (reader.tokenType()) {
+    for (auto token = reader.tokenType(); !isLast(token); token = reader.readNext()) {
+        switch (token) {
         case QXmlStreamReader::StartElement:
             ++depth;
             field = tokenOf(reader.name());
@@ -110,7 +114,9 @@ template <typename Token, typename Store>
 } // namespace
 
 CatalogXMLParser::CatalogXMLParser()
-    : m_file(std::make_unique<QFile>()), m_reader(std::make_unique<QXmlStreamReader>())
+    : m_file(std::make_unique<QFile>()),
+      m_reader(std::make_unique<QXmlStreamReader>()),
+      m_texts(std::make_unique<TextPool>())
 {
 }
 
@@ -126,8 +132,8 @@ bool CatalogXMLParser::readFile(const QString &fileName, Items &items)
                                : m_file->errorString();
         return false;
     }
-    while (hasMore(*m_reader)) {
-        if (m_reader->readNext() != QXmlStreamReader::StartElement)
+    for (auto token = m_reader->readNext(); !isLast(token); token = m_reader->readNext()) {
+        if (token != QXmlStreamReader::StartElement)
             continue;
         // A refused record is reported here, where its missing field belongs, and not at its end.
         notePosition();
@@ -147,8 +153,8 @@ qint64 CatalogXMLParser::readCatalogStyleFlag(const QString &fileName)
 {
     qint64 style = 0;
     if (openFile(fileName)) {
-        while (hasMore(*m_reader)) {
-            if (m_reader->readNext() != QXmlStreamReader::StartElement)
+        for (auto token = m_reader->readNext(); !isLast(token); token = m_reader->readNext()) {
+            if (token != QXmlStreamReader::StartElement)
                 continue;
             const auto section = CCatalogTokenizer::stringToCatalogToken(m_reader->name());
             if (section == CCatalogTokenizer::CatalogToken::CATALOG) {
@@ -168,8 +174,8 @@ qint64 CatalogXMLParser::readCatalogStyleFlag(const QString &fileName)
 // time in a file without a style.
 qint64 CatalogXMLParser::readCatalogStyleFlagFromCatalogInfo()
 {
-    while (hasMore(*m_reader)) {
-        if (m_reader->readNext() != QXmlStreamReader::StartElement)
+    for (auto token = m_reader->readNext(); !isLast(token); token = m_reader->readNext()) {
+        if (token != QXmlStreamReader::StartElement)
             continue;
         if (CCatalogTokenizer::stringToCatalogInfoToken(m_reader->name())
             == CCatalogTokenizer::CatalogInfoToken::CAT_Style) {
@@ -222,7 +228,7 @@ bool CatalogXMLParser::readProfile()
 {
     using Field = CCatalogTokenizer::ProfileToken;
     CatalogParserProfile profile;
-    const auto store = [&profile](Field field, const QStringRef &text) {
+    const auto store = [this, &profile](Field field, const QStringRef &text) {
         switch (field) {
         case Field::PRO_PK: profile.pk = toText(text); break;
         case Field::PRO_Format: profile.format = toText(text); break;
@@ -235,7 +241,7 @@ bool CatalogXMLParser::readProfile()
     if (!readFields(*m_reader, &CCatalogTokenizer::stringToProfileToken, store)
         || !accepts("CATPRO", {{"PRO_PK", profile.pk}}))
         return false;
-    m_profiles.append(profile);
+    appendTo(m_profiles, std::move(profile));
     return true;
 }
 
@@ -243,7 +249,7 @@ bool CatalogXMLParser::readProfileExtension()
 {
     using Field = CCatalogTokenizer::ProfileExtensionToken;
     CatalogParserProfileExtended extension;
-    const auto store = [&extension](Field field, const QStringRef &text) {
+    const auto store = [this, &extension](Field field, const QStringRef &text) {
         switch (field) {
         case Field::CPX_PK: extension.pk = toText(text); break;
         case Field::CPX_Profile_FK: extension.profileFk = toText(text); break;
@@ -255,7 +261,7 @@ bool CatalogXMLParser::readProfileExtension()
     if (!readFields(*m_reader, &CCatalogTokenizer::stringToProfileExtensionToken, store)
         || !accepts("CPX", {{"CPX_PK", extension.pk}, {"CPX_Profile_FK", extension.profileFk}}))
         return false;
-    m_profileExtensions.append(extension);
+    appendTo(m_profileExtensions, std::move(extension));
     return true;
 }
 
@@ -263,7 +269,7 @@ bool CatalogXMLParser::readColumn()
 {
     using Field = CCatalogTokenizer::ColumnToken;
     CatalogParserColumn column;
-    const auto store = [&column](Field field, const QStringRef &text) {
+    const auto store = [this, &column](Field field, const QStringRef &text) {
         switch (field) {
         case Field::COL_Profile_FK: column.profileFk = toText(text); break;
         case Field::COL_Column_ID: column.columnId = descrambleText(text); break;
@@ -295,7 +301,7 @@ bool CatalogXMLParser::readColumn()
         return false;
     // A column of no known type is left out; that is no fault of the file.
     if (column.dataType != Shared::InputField::Undefined)
-        m_columns[column.columnId].append(column);
+        appendTo(m_columns[column.columnId], std::move(column));
     return true;
 }
 
@@ -303,7 +309,7 @@ bool CatalogXMLParser::readListClass()
 {
     using Field = CCatalogTokenizer::ListClassToken;
     CatalogParserListClass listClass;
-    const auto store = [&listClass](Field field, const QStringRef &text) {
+    const auto store = [this, &listClass](Field field, const QStringRef &text) {
         switch (field) {
         case Field::LC_PK: listClass.pk = toText(text); break;
         case Field::LC_Profile_FK: listClass.profileFk = toText(text); break;
@@ -316,7 +322,7 @@ bool CatalogXMLParser::readListClass()
     if (!readFields(*m_reader, &CCatalogTokenizer::stringToListClassToken, store)
         || !accepts("LC", {{"LC_Profile_FK", listClass.profileFk}, {"LC_Class_ID", listClass.classId}}))
         return false;
-    m_listClasses.append(listClass);
+    appendTo(m_listClasses, std::move(listClass));
     return true;
 }
 
@@ -324,7 +330,7 @@ bool CatalogXMLParser::readListItem()
 {
     using Field = CCatalogTokenizer::ListItemToken;
     CatalogParserListItem listItem;
-    const auto store = [&listItem](Field field, const QStringRef &text) {
+    const auto store = [this, &listItem](Field field, const QStringRef &text) {
         switch (field) {
         case Field::LIST_Class_FK: listItem.classFk = toText(text); break;
         case Field::LIST_Item: listItem.item = toText(text); break;
@@ -339,7 +345,7 @@ bool CatalogXMLParser::readListItem()
     if (!readFields(*m_reader, &CCatalogTokenizer::stringToListItemToken, store)
         || !accepts("LIST", {{"LIST_Class_FK", listItem.classFk}}))
         return false;
-    m_listItems[listItem.classFk].append(listItem);
+    appendTo(m_listItems[listItem.classFk], std::move(listItem));
     return true;
 }
 
@@ -347,7 +353,7 @@ bool CatalogXMLParser::readCodeClass(Items &items)
 {
     using Field = CCatalogTokenizer::CodeClassToken;
     const auto item = makeShared<CatalogItem>();
-    const auto store = [&item](Field field, const QStringRef &text) {
+    const auto store = [this, &item](Field field, const QStringRef &text) {
         switch (field) {
         case Field::CLASS_PK: item->setId(toText(text)); break;
         case Field::CLASS_SortOrder: item->setSortOrder(toInt(text)); break;
@@ -366,7 +372,7 @@ bool CatalogXMLParser::readBaseCode(Items &items)
 {
     using Field = CCatalogTokenizer::BaseCodeToken;
     const auto item = makeShared<CatalogItem>();
-    const auto store = [&item](Field field, const QStringRef &text) {
+    const auto store = [this, &item](Field field, const QStringRef &text) {
         switch (field) {
         case Field::BC_PK: item->setId(toText(text)); break;
         case Field::BC_SortOrder: item->setSortOrder(toInt(text)); break;
@@ -394,7 +400,7 @@ bool CatalogXMLParser::readCharacterExtension(Items &items)
 {
     using Field = CCatalogTokenizer::CharacterExtensionToken;
     const auto item = makeShared<CatalogItem>();
-    const auto store = [&item](Field field, const QStringRef &text) {
+    const auto store = [this, &item](Field field, const QStringRef &text) {
         switch (field) {
         case Field::CE_PK: item->setId(toText(text)); break;
         case Field::CE_SortOrder: item->setSortOrder(toInt(text)); break;
@@ -426,7 +432,7 @@ bool CatalogXMLParser::readParameter()
 {
     using Field = CCatalogTokenizer::ParameterToken;
     CatalogParserParameter parameter;
-    const auto store = [&parameter](Field field, const QStringRef &text) {
+    const auto store = [this, &parameter](Field field, const QStringRef &text) {
         switch (field) {
         case Field::PARAM_PK: parameter.pk = toText(text); break;
         case Field::PARAM_SortOrder: parameter.sortOrder = toInt(text); break;
@@ -444,7 +450,7 @@ bool CatalogXMLParser::readParameter()
     if (!readFields(*m_reader, &CCatalogTokenizer::stringToParameterToken, store)
         || !accepts("PARAM", {{"PARAM_PK", parameter.pk}}))
         return false;
-    m_parameters.insert(parameter.pk, parameter);
+    m_parameters[parameter.pk] = std::move(parameter);
     return true;
 }
 
@@ -453,7 +459,7 @@ bool CatalogXMLParser::readParameterExtension()
     using Field = CCatalogTokenizer::ParameterExtensionToken;
     QString key;
     CatalogParserParamExtended extension;
-    const auto store = [&key, &extension](Field field, const QStringRef &text) {
+    const auto store = [this, &key, &extension](Field field, const QStringRef &text) {
         switch (field) {
         case Field::PX_PK: key = toText(text); break;
         case Field::PX_BaseCode_FK: extension.baseCodeFk = toText(text); break;
@@ -477,8 +483,13 @@ bool CatalogXMLParser::readParameterExtension()
     if (!readFields(*m_reader, &CCatalogTokenizer::stringToParameterExtensionToken, store)
         || !accepts("PARAMX", {{"PX_PK", key}}))
         return false;
-    m_parameterExtensions.insert(key, extension);
+    m_parameterExtensions[key] = std::move(extension);
     return true;
+}
+
+QString CatalogXMLParser::toText(const QStringRef &text)
+{
+    return m_texts->text(text);
 }
 
 bool CatalogXMLParser::accepts(const char *record, std::initializer_list<RequiredField> requiredFields)

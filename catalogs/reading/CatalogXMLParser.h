@@ -19,6 +19,8 @@ class QXmlStreamReader;
 
 namespace Orvida::Catalogs {
 
+class TextPool;
+
 /// Reads one catalog file in one forward pass.
 ///
 /// Code classes, base codes and character extensions become items in a table that the caller gives; all
@@ -91,6 +93,7 @@ private:
     [[nodiscard]] bool readCharacterExtension(Items &items);
     [[nodiscard]] bool readParameter();
     [[nodiscard]] bool readParameterExtension();
+    QString toText(const QStringRef &text);
     [[nodiscard]] bool accepts(const char *record, std::initializer_list<RequiredField> requiredFields);
     [[nodiscard]] bool storesItem(Items &items, const QSharedPointer<CatalogItem> &item, const char *record,
                                   const char *key);
@@ -100,6 +103,7 @@ private:
     // The reader reads from the file: it is declared after it, so that it goes first.
     std::unique_ptr<QFile> m_file;
     std::unique_ptr<QXmlStreamReader> m_reader;
+    std::unique_ptr<TextPool> m_texts;
     CatalogReadFailure m_failure;
 };
 

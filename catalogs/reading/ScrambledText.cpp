@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QVarLengthArray>
 
+#include <array>
+
 namespace Orvida::Catalogs {
 
 namespace {
@@ -23,25 +25,34 @@ uchar rotatedLeft(uchar byte, int count)
     return rotatedRight(byte, 8 - count);
 }
 
-// The value of a plain hexadecimal digit, -1 for any other character.
-int digitValue(QChar digit)
+// The values of plain hexadecimal digits by their character; -1 for all other characters below 128.
+constexpr std::array<signed char, 128> makeDigitValues()
 {
-    const ushort c = digit.unicode();
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    const ushort lower = c | 0x20;
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+    std::array<signed char, 128> values{};
+    for (int c = 0; c < 128; ++c)
+        values[c] = static_cast<signed char>(c >= '0' && c <= '9'   ? c - '0'
+                                             : c >= 'a' && c <= 'f' ? c - 'a' + 10
+                                             : c >= 'A' && c <= 'F' ? c - 'A' + 10
+                                                                    : -1);
+    return values;
 }
 
-// The byte that the pair at `position` writes. Two plain digits are nearly every pair; Qt's conversion
-// takes some more, such as a sign or a blank beside one digit, and has the last word on all others.
-uchar byteAt(const QStringRef &scrambled, int position)
+constexpr std::array<signed char, 128> digitValues = makeDigitValues();
+
+int digitValue(QChar digit)
 {
-    const int high = digitValue(scrambled.at(position));
-    const int low = digitValue(scrambled.at(position + 1));
-    if (high >= 0 && low >= 0)
+    return digit.unicode() < digitValues.size() ? digitValues[digit.unicode()] : -1;
+}
+
+// The byte that a pair of characters writes. Two plain digits are nearly every pair; Qt's conversion takes
+// some more, such as a sign or a blank beside one digit, and has the last word on all others.
+uchar byteOf(const QChar *pair)
+{
+    const int high = digitValue(pair[0]);
+    const int low = digitValue(pair[1]);
+    if ((high | low) >= 0)
         return static_cast<uchar>(high << 4 | low);
-    return static_cast<uchar>(scrambled.mid(position, 2).toInt(nullptr, 16));
+    return static_cast<uchar>(QString(pair, 2).toInt(nullptr, 16));
 }
 
 } // namespace
@@ -49,15 +60,15 @@ uchar byteAt(const QStringRef &scrambled, int position)
 QString ScrambledText::decode(const QStringRef &scrambled)
 {
     const int count = scrambled.length() / 2;
-    QVarLengthArray<char, 512> bytes;
-    bytes.reserve(count);
-    for (int i = 0; i < count; ++i) {
-        const uchar byte = rotatedRight(byteAt(scrambled, 2 * i), rotationAt(i));
+    QVarLengthArray<char, 512> bytes(count);
+    int length = 0;
+    for (; length < count; ++length) {
+        const uchar byte = rotatedRight(byteOf(scrambled.constData() + 2 * length), rotationAt(length));
         if (byte == 0)
             break;
-        bytes.append(static_cast<char>(byte));
+        bytes[length] = static_cast<char>(byte);
     }
-    return QString::fromUtf8(bytes.constData(), bytes.size());
+    return QString::fromUtf8(bytes.constData(), length);
 }
 
 QString ScrambledText::encode(const QString &text)
