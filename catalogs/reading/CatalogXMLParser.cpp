@@ -191,6 +191,7 @@ bool CatalogXMLParser::openFile(const QString &fileName)
 {
     m_reader->clear();
     m_file->close();
+    m_file->unsetError();
     // Answered here, because Qt would print a warning for no name and cut a name at a zero character.
     if (fileName.isEmpty() || fileName.contains(QChar(QChar::Null)))
         return false;

@@ -80,6 +80,8 @@ void CatalogXMLParserFailureTest::refusesWhatIsNoFile()
         QCOMPARE(summaryOf(parser.failure()), QStringLiteral("not read"));
         QVERIFY(!parser.failure().detail.isEmpty());
     }
+    // What is said of the last name is not left over from the one before it.
+    QCOMPARE(parser.failure().detail, QStringLiteral("No such file or directory"));
     QCOMPARE(log.messages(), QStringList());
     QVERIFY(parser.readFile(path, items));
     QCOMPARE(summaryOf(parser.failure()), QStringLiteral("none"));
