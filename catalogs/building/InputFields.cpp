@@ -107,15 +107,19 @@ void addFields(CatalogItem &item, const CatalogParserParamExtended &extension,
 {
     if (columns.isEmpty())
         return;
-    const CatalogInputField common = commonField(extension, parameter);
+    CatalogInputField field = commonField(extension, parameter);
     for (const CatalogParserColumn *column : columns) {
-        CatalogInputField field = common;
         field.setIsReadonly(column->readOnly);
         field.setIsVisible(column->visible);
         const auto *entries = entriesOf(lists, column->profileFk, extension.listClassId);
-        if (entries && !entries->isEmpty())
-            field.setItemList(*entries);
-        item.addField(column->profileFk, field);
+        if (!entries || entries->isEmpty()) {
+            item.addField(column->profileFk, field);
+            continue;
+        }
+        // A copy, so that the next profile does not inherit this one's list.
+        CatalogInputField fieldWithList = field;
+        fieldWithList.setItemList(*entries);
+        item.addField(column->profileFk, fieldWithList);
     }
 }
 

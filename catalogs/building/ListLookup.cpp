@@ -11,6 +11,7 @@ namespace Orvida::Catalogs {
 namespace {
 
 using Logging::CLogger;
+// Plain entries: what a catalog's entry has beyond them stays behind when it is put into the list.
 using Entries = QList<Shared::ListItem>;
 using Items = QList<CatalogParserListItem>;
 using Parameters = QHash<QString, CatalogParserParameter>;
@@ -40,12 +41,6 @@ QString placeHolderOf(const CatalogParserListItem &item, const Parameters &param
     return parameter == parameters.constEnd() ? QString() : parameter->placeholder;
 }
 
-// A list holds plain entries: what a catalog's entry has beyond them stays behind.
-Shared::ListItem entryOf(const CatalogParserListItem &item, const QString &key, const Parameters &parameters)
-{
-    return CatalogListItem(key, item.caption, item.item, placeHolderOf(item, parameters));
-}
-
 Entries valueEntries(const CatalogParserListClass &listClass, const Items &items,
                      const Parameters &parameters)
 {
@@ -54,7 +49,8 @@ Entries valueEntries(const CatalogParserListClass &listClass, const Items &items
     Entries entries;
     entries.reserve(items.size());
     for (const CatalogParserListItem &item : items)
-        entries.append(entryOf(item, keyOf(item, listClass.typeFlags), parameters));
+        entries.append(CatalogListItem(keyOf(item, listClass.typeFlags), item.caption, item.item,
+                                       placeHolderOf(item, parameters)));
     return entries;
 }
 
@@ -65,7 +61,8 @@ Entries defectEntries(const CatalogParserListClass &listClass, const Items &item
     entries.reserve(items.size());
     QHash<QString, QString> codes;
     for (const CatalogParserListItem &item : items) {
-        entries.append(entryOf(item, item.internal, parameters));
+        entries.append(
+            CatalogListItem(item.internal, item.caption, item.item, placeHolderOf(item, parameters)));
         codes.insert(item.internal, item.item);
     }
     catalog.setContinousDefectCodes(listClass.profileFk, codes);

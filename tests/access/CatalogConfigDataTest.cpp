@@ -36,6 +36,7 @@ void CatalogConfigDataTest::composesPaths()
     QFETCH(QString, folder);
     QFETCH(QString, name);
     const QString id = QStringLiteral("Id ");
+    const Orvida::Tests::FileTable replaced;
     Orvida::Tests::FileTable files;
     files.add(id, name);
     CatalogConfigData::setCatalogFolderPath(folder);

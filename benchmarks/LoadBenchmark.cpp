@@ -1,0 +1,96 @@
+// How long loading takes, stage by stage and beside other ways to read the same file. The floor of a load is
+// one bare pass of the XML reader that the library is built on.
+#include "benchmarks/BenchmarkFiles.h"
+
+#include "catalogs/building/CatalogLoader.h"
+#include "catalogs/reading/CatalogXMLParser.h"
+
+#include <QFile>
+#include <QLoggingCategory>
+#include <QXmlStreamReader>
+
+#include <benchmark/benchmark.h>
+
+using namespace Orvida::Benchmarks;
+using namespace Orvida::Catalogs;
+
+namespace {
+
+void barePass(benchmark::State &state)
+{
+    const QString path = catalogFile(state.range(0));
+    for (auto _ : state) {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            return state.SkipWithError("cannot read");
+        QXmlStreamReader reader(&file);
+        while (!reader.atEnd())
+            reader.readNext();
+        if (reader.hasError())
+            return state.SkipWithError("malformed");
+    }
+    state.SetBytesProcessed(state.iterations() * state.range(0));
+}
+
+void readFile(benchmark::State &state)
+{
+    const QString path = catalogFile(state.range(0));
+    for (auto _ : state) {
+        CatalogXMLParser parser;
+        QHash<QString, QSharedPointer<CatalogItem>> items;
+        if (!parser.readFile(path, items) || items.isEmpty())
+            state.SkipWithError("cannot read");
+        // What was read goes outside the measured time, as a host keeps it.
+        state.PauseTiming();
+        items.clear();
+        state.ResumeTiming();
+    }
+    state.SetBytesProcessed(state.iterations() * state.range(0));
+}
+
+void loadCatalog(benchmark::State &state)
+{
+    const QString path = catalogFile(state.range(0));
+    for (auto _ : state) {
+        CatalogSptr catalog = CatalogLoader().loadCatalog(path, QStringLiteral("benchmark"));
+        if (!catalog->IsValid())
+            state.SkipWithError("cannot load");
+        state.PauseTiming();
+        catalog.reset();
+        state.ResumeTiming();
+    }
+    state.SetBytesProcessed(state.iterations() * state.range(0));
+}
+
+void loadCatalogWithLog(benchmark::State &state)
+{
+    const QtMessageHandler earlier =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &message) {
+            benchmark::DoNotOptimize(message.constData());
+        });
+    QLoggingCategory::setFilterRules(QStringLiteral("*=true"));
+    loadCatalog(state);
+    QLoggingCategory::setFilterRules(QString());
+    qInstallMessageHandler(earlier);
+}
+
+void endOfCatalog(benchmark::State &state)
+{
+    const QString path = catalogFile(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        CatalogSptr catalog = CatalogLoader().loadCatalog(path, QStringLiteral("benchmark"));
+        state.ResumeTiming();
+        catalog.reset();
+    }
+}
+
+} // namespace
+
+#define ORVIDA_SIZES ->RangeMultiplier(10)->Range(100000, 100000000)->Unit(benchmark::kMillisecond)
+
+BENCHMARK(barePass) ORVIDA_SIZES;
+BENCHMARK(readFile) ORVIDA_SIZES;
+BENCHMARK(loadCatalog) ORVIDA_SIZES;
+BENCHMARK(loadCatalogWithLog)->Arg(10000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(endOfCatalog)->Arg(10000000)->Unit(benchmark::kMillisecond);

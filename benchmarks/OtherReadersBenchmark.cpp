@@ -1,0 +1,80 @@
+// The same files through other readers: what a host's developer would do without the library (a document tree
+// of Qt's, and the catalog's tree built from it), and bare passes of other parsers as signposts.
+#include "benchmarks/BenchmarkFiles.h"
+#include "benchmarks/DomCatalog.h"
+
+#include <QFile>
+
+#include <benchmark/benchmark.h>
+#include <expat.h>
+#include <libxml/xmlreader.h>
+#include <pugixml.hpp>
+
+#include <memory>
+
+using namespace Orvida::Benchmarks;
+
+namespace {
+
+void domCatalog(benchmark::State &state)
+{
+    const QString path = catalogFile(state.range(0));
+    for (auto _ : state) {
+        auto items = loadDomCatalog(path);
+        if (items.isEmpty())
+            state.SkipWithError("cannot load");
+        state.PauseTiming();
+        items.clear();
+        state.ResumeTiming();
+    }
+}
+
+void pugixmlParse(benchmark::State &state)
+{
+    const QByteArray path = QFile::encodeName(catalogFile(state.range(0)));
+    for (auto _ : state) {
+        pugi::xml_document document;
+        if (!document.load_file(path.constData()))
+            state.SkipWithError("cannot parse");
+    }
+}
+
+void expatPass(benchmark::State &state)
+{
+    const QString path = catalogFile(state.range(0));
+    for (auto _ : state) {
+        QFile file(path);
+        const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(XML_ParserCreate(nullptr),
+                                                                                  XML_ParserFree);
+        bool isGood = file.open(QIODevice::ReadOnly);
+        while (isGood && !file.atEnd()) {
+            const QByteArray block = file.read(1 << 16);
+            isGood = XML_Parse(parser.get(), block.constData(), block.size(), file.atEnd()) == XML_STATUS_OK;
+        }
+        if (!isGood)
+            state.SkipWithError("cannot parse");
+    }
+}
+
+void libxml2ReaderPass(benchmark::State &state)
+{
+    const QByteArray path = QFile::encodeName(catalogFile(state.range(0)));
+    for (auto _ : state) {
+        const std::unique_ptr<xmlTextReader, decltype(&xmlFreeTextReader)> reader(
+            xmlReaderForFile(path.constData(), nullptr, 0), xmlFreeTextReader);
+        int result = 1;
+        while (reader && result == 1)
+            result = xmlTextReaderRead(reader.get());
+        if (result != 0)
+            state.SkipWithError("cannot parse");
+    }
+}
+
+} // namespace
+
+#define ORVIDA_SIZE ->Arg(10000000)->Unit(benchmark::kMillisecond)
+
+BENCHMARK(domCatalog) ORVIDA_SIZE;
+BENCHMARK(pugixmlParse) ORVIDA_SIZE;
+BENCHMARK(expatPass) ORVIDA_SIZE;
+BENCHMARK(libxml2ReaderPass) ORVIDA_SIZE;

@@ -1,0 +1,24 @@
+// How long the tool takes, as a process of its own.
+#include "benchmarks/BenchmarkFiles.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+
+using namespace Orvida::Benchmarks;
+
+namespace {
+
+void toolJson(benchmark::State &state)
+{
+    const QByteArray command = QByteArray(ORVIDA_CATALOG_TOOL " json --compact ")
+                               + catalogFile(state.range(0)).toLocal8Bit() + " > /dev/null";
+    for (auto _ : state) {
+        if (std::system(command.constData()) != 0)
+            state.SkipWithError("the tool failed");
+    }
+}
+
+} // namespace
+
+BENCHMARK(toolJson)->Arg(10000000)->UseRealTime()->Unit(benchmark::kMillisecond);
