@@ -126,22 +126,24 @@ bool CatalogXMLParser::readFile(const QString &fileName, Items &items)
 {
     m_failure = CatalogReadFailure();
     if (!openFile(fileName)) {
-        m_failure.reason = CatalogReadFailure::FileNotRead;
-        m_failure.detail = m_file->error() == QFileDevice::NoError
-                               ? QStringLiteral("No such file or directory")
-                               : m_file->errorString();
+        describeUnopenedFile();
         return false;
     }
     for (auto token = m_reader->readNext(); !isLast(token); token = m_reader->readNext()) {
         if (token != QXmlStreamReader::StartElement)
             continue;
         // A refused record is reported here, where its missing field belongs, and not at its end.
-        notePosition();
-        if (!readSection(items)) {
-            if (m_failure.missingFields.isEmpty())
-                describeBrokenInput();
-            return false;
+        const qint64 line = m_reader->lineNumber();
+        const qint64 column = m_reader->columnNumber() + 1;
+        if (readSection(items))
+            continue;
+        if (m_failure.reason == CatalogReadFailure::RecordRefused) {
+            m_failure.line = line;
+            m_failure.column = column;
+        } else {
+            describeBrokenInput();
         }
+        return false;
     }
     if (!m_reader->hasError())
         return true;
@@ -515,10 +517,11 @@ bool CatalogXMLParser::storesItem(Items &items, const QSharedPointer<CatalogItem
     return true;
 }
 
-void CatalogXMLParser::notePosition()
+void CatalogXMLParser::describeUnopenedFile()
 {
-    m_failure.line = m_reader->lineNumber();
-    m_failure.column = m_reader->columnNumber() + 1;
+    const bool wasTried = m_file->error() != QFileDevice::NoError;
+    m_failure.reason = CatalogReadFailure::FileNotRead;
+    m_failure.detail = wasTried ? m_file->errorString() : QStringLiteral("No such file or directory");
 }
 
 void CatalogXMLParser::describeBrokenInput()
@@ -526,7 +529,8 @@ void CatalogXMLParser::describeBrokenInput()
     const bool isFileError = m_file->error() != QFileDevice::NoError;
     m_failure.reason = isFileError ? CatalogReadFailure::FileNotRead : CatalogReadFailure::NotWellFormed;
     m_failure.detail = isFileError ? m_file->errorString() : m_reader->errorString();
-    notePosition();
+    m_failure.line = m_reader->lineNumber();
+    m_failure.column = m_reader->columnNumber() + 1;
 }
 
 } // namespace Orvida::Catalogs

@@ -97,7 +97,7 @@ private:
     [[nodiscard]] bool accepts(const char *record, std::initializer_list<RequiredField> requiredFields);
     [[nodiscard]] bool storesItem(Items &items, const QSharedPointer<CatalogItem> &item, const char *record,
                                   const char *key);
-    void notePosition();
+    void describeUnopenedFile();
     void describeBrokenInput();
 
     // The reader reads from the file: it is declared after it, so that it goes first.
