@@ -17,7 +17,9 @@ CatalogSptr CatalogLoader::loadCatalog(const QString &filePath, const QString &c
         catalog->setStatus(Catalog::LoadFailed);
         return catalog;
     }
-    buildInputFields(parser, *catalog, buildListLookup(parser, *catalog));
+    ListLookup lists = buildListLookup(parser, *catalog);
+    buildInputFields(parser, *catalog, lists);
+    lists.clear(); // the fields share what they need of them
     catalog->setProfile(resolveProfile(parser));
     catalog->setStatus(Catalog::Loaded);
     return catalog;

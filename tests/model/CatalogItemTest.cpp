@@ -34,6 +34,7 @@ void addChildrenAndFields(CatalogItem &item, const char *profile, const char *na
         field.setCaption(name);
         field.setSortOrder(name.left(1).toInt());
         item.addField(text(profile), field);
+        field.setCaption(QString()); // what was added is a copy
     }
 }
 

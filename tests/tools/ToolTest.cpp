@@ -105,6 +105,7 @@ private Q_SLOTS:
     void printsEveryItemOfACodeAsAForm();
     void namesNearCodesAndProfiles();
     void showsTheLogOfTheLoad();
+    void findsNoFaultInTheSample();
     void drawsADeepChainInBoundedSpace();
     void reportsWhatCannotBeWritten();
 
@@ -345,6 +346,17 @@ void ToolTest::showsTheLogOfTheLoad()
              QStringLiteral("info: CatalogLoader: Creating items for list: SIZES\n"
                             "debug: CatalogListItem: Catalog item created key:wide value:wide\n"));
     QCOMPARE(logged.output, silent.output);
+}
+
+void ToolTest::findsNoFaultInTheSample()
+{
+    const Run result = run({QStringLiteral("show"), QStringLiteral("--log"), QStringLiteral("--fields"),
+                            QStringLiteral(ORVIDA_SAMPLES "/tunnels.xml")});
+    QCOMPARE(result.exitStatus, 0);
+    QVERIFY(!result.output.contains(QLatin1String("outside the tree")));
+    QVERIFY2(!result.messages.contains(QLatin1String("error: ")), qPrintable(result.messages));
+    QVERIFY2(!result.messages.contains(QLatin1String("Parent of item")), qPrintable(result.messages));
+    QVERIFY(result.messages.contains(QLatin1String("debug: CatalogListItem: ")));
 }
 
 void ToolTest::drawsADeepChainInBoundedSpace()
