@@ -30,7 +30,7 @@ Catalogs::CatalogSptr CatalogSession::load()
     const StandardOutputDiversion diversion;
     if (m_fileName == QLatin1String("-") && !readStandardInput())
         return {};
-    const Catalogs::CatalogSptr catalog = CatalogManager::instance()->getCatalog(m_fileName);
+    Catalogs::CatalogSptr catalog = CatalogManager::instance()->getCatalog(m_fileName);
     if (catalog->IsValid())
         return catalog;
     // The manager only tells that a load failed. Reading the file once more tells why.

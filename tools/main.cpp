@@ -9,6 +9,7 @@
 
 #include <iostream>
 #include <map>
+#include <new>
 #include <string>
 
 namespace {
@@ -116,8 +117,11 @@ int main(int argc, char **argv)
     addJson(app, jsonOptions);
     try {
         app.parse(argc, argv);
+        return showCommand->parsed() ? show(showOptions) : json(jsonOptions);
     } catch (const CLI::ParseError &error) {
         return endWithoutRunning(app, error);
+    } catch (const std::bad_alloc &) {
+        std::cerr << "orvida-catalog: error: not enough memory for this catalog\n";
+        return NotReadable;
     }
-    return showCommand->parsed() ? show(showOptions) : json(jsonOptions);
 }

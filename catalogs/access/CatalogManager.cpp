@@ -35,7 +35,7 @@ CatalogSptr CatalogManager::getCatalog(QString catalogId)
     const auto cached = m_catalogs.constFind(catalogId);
     if (cached != m_catalogs.constEnd())
         return *cached;
-    const CatalogSptr catalog = CatalogLoader().loadCatalog(findFileNameById(catalogId), catalogId);
+    CatalogSptr catalog = CatalogLoader().loadCatalog(findFileNameById(catalogId), catalogId);
     if (catalog && catalog->status() != Catalog::LoadFailed) {
         m_catalogs.insert(catalogId, catalog);
         Q_EMIT catalogReady(catalog);

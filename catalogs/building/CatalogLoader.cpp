@@ -11,7 +11,7 @@ namespace Orvida::Catalogs {
 CatalogSptr CatalogLoader::loadCatalog(const QString &filePath, const QString &catalogId)
 {
     CatalogXMLParser parser;
-    const auto catalog = makeShared<Catalog>(catalogId);
+    auto catalog = makeShared<Catalog>(catalogId);
     catalog->getCatalogItems().insert(QStringLiteral(""), makeShared<CatalogItem>());
     if (!parser.readFile(filePath, catalog->getCatalogItems())) {
         catalog->setStatus(Catalog::LoadFailed);

@@ -16,7 +16,7 @@ QSharedPointer<T> makeShared(Arguments &&...arguments)
 {
     auto owned = std::make_unique<T>(std::forward<Arguments>(arguments)...);
     QSharedPointer<T> shared(owned.get());
-    owned.release();
+    static_cast<void>(owned.release());
     return shared;
 }
 

@@ -74,7 +74,7 @@ bool isLast(QXmlStreamReader::TokenType token)
 
 // Appends without copying the record, which QList::append() would do.
 template <typename Record>
-void appendTo(QList<Record> &records, Record &&record)
+void appendTo(QList<Record> &records, typename QList<Record>::value_type &&record)
 {
     records.append(Record());
     records.last() = std::move(record);

@@ -61,9 +61,10 @@ QString ScrambledText::decode(const QStringRef &scrambled)
 {
     const int count = scrambled.length() / 2;
     QVarLengthArray<char, 512> bytes(count);
+    const QChar *pair = scrambled.constData();
     int length = 0;
-    for (; length < count; ++length) {
-        const uchar byte = rotatedRight(byteOf(scrambled.constData() + 2 * length), rotationAt(length));
+    for (; length < count; ++length, pair += 2) {
+        const uchar byte = rotatedRight(byteOf(pair), rotationAt(length));
         if (byte == 0)
             break;
         bytes[length] = static_cast<char>(byte);

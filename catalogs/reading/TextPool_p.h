@@ -31,7 +31,7 @@ private:
     // Keys differ near their end, as in P1 and P2 or BC-100 and BC-101.
     static unsigned placeOf(const QStringRef &view)
     {
-        unsigned place = static_cast<unsigned>(view.length());
+        auto place = static_cast<unsigned>(view.length());
         for (int i = qMax(0, view.length() - 4); i < view.length(); ++i)
             place = place * 31 + view.at(i).unicode();
         return place % places;
