@@ -17,11 +17,6 @@ using namespace Orvida::Tests;
 
 namespace {
 
-QString text(const char *utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
 CatalogManager &manager()
 {
     return *CatalogManager::instance();

@@ -13,11 +13,6 @@ using ItemPtr = QSharedPointer<CatalogItem>;
 
 namespace {
 
-QString text(const char *utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
 // Ids, in brackets behind the one of their parent.
 QString treeBelow(const ItemPtr &item)
 {

@@ -3,18 +3,16 @@
 #include "catalogs/model/CatalogItem.h"
 #include "catalogs/model/Catalog.h"
 
+#include "support/TestSupport.h"
 #include <QWeakPointer>
+
 #include <QtTest>
 
 using namespace Orvida::Catalogs;
+using Orvida::Tests::text;
 using ItemPtr = QSharedPointer<CatalogItem>;
 
 namespace {
-
-QString text(const char *utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 ItemPtr makeItem(const QString &id, int sortOrder, const QString &parentId = QString())
 {

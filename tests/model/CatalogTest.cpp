@@ -8,14 +8,10 @@
 #include <QtTest>
 
 using namespace Orvida::Catalogs;
+using Orvida::Tests::text;
 using ItemPtr = QSharedPointer<CatalogItem>;
 
 namespace {
-
-QString text(const char *utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 // A catalog with a root, and with an item for each "id:parent id:code"; the code may be missing.
 CatalogSptr makeCatalog(const QString &items)

@@ -26,6 +26,12 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// A text from a literal.
+inline QString text(const char *utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
 /// `records` inside the root element of a catalog file.
 QByteArray catalogXml(const QByteArray &records);
 

@@ -17,7 +17,7 @@ namespace {
 QByteArray jsonOf(const QString &file, const QStringList &options = {})
 {
     QProcess process;
-    process.start(QStringLiteral(ORVIDA_CATALOG_TOOL), QStringList{QStringLiteral("json"), file} + options);
+    process.start(text(ORVIDA_CATALOG_TOOL), QStringList{text("json"), file} + options);
     return process.waitForFinished(60000) && process.exitCode() == 0 ? process.readAllStandardOutput()
                                                                      : QByteArray();
 }
@@ -28,24 +28,23 @@ QString textOf(const QJsonObject &object, const char *name)
     const QJsonValue value = object.value(QLatin1String(name));
     if (value.isNull())
         return QString();
-    return value.isString() ? value.toString(QString())
-                            : QStringLiteral("not a text: ") + QLatin1String(name);
+    return value.isString() ? value.toString(QString()) : text("not a text: ") + QLatin1String(name);
 }
 
-QString quoted(const QString &text)
+QString quoted(const QString &value)
 {
-    return text.isNull() ? QStringLiteral("null") : QLatin1Char('"') + text + QLatin1Char('"');
+    return value.isNull() ? text("null") : QLatin1Char('"') + value + QLatin1Char('"');
 }
 
 // Both descriptions name every property in the same order.
 QString description(const CatalogInputField &field)
 {
     QStringList parts;
-    for (const QString &text :
+    for (const QString &value :
          {field.caption(), field.boundColumn(), field.observationTextParamName(), field.prefix(),
           field.suffix(), field.unit(), field.minimumValue(), field.maximumValue(), field.step(),
           field.defaultValue(), field.inputFormat(), field.displayFormat()})
-        parts << quoted(text);
+        parts << quoted(value);
     for (const qint64 number :
          {qint64(field.dataType()), qint64(field.sortOrder()), qint64(field.isVisible()),
           qint64(field.isReadonly()), qint64(field.isMandatory()), qint64(field.precission()),
@@ -113,9 +112,9 @@ void JsonTest::holdsWhatTheLibraryHolds_data()
 {
     QTest::addColumn<QString>("file");
 
-    QTest::newRow("the tunnels sample") << QStringLiteral(ORVIDA_SAMPLES "/tunnels.xml");
+    QTest::newRow("the tunnels sample") << text(ORVIDA_SAMPLES "/tunnels.xml");
     QTest::newRow("orphans, a loop, fields of the root, odd profiles")
-        << m_folder.write(QStringLiteral("odd.xml"), catalogXml(R"(
+        << m_folder.write(text("odd.xml"), catalogXml(R"(
 <CATALOG><CAT_Style>9007199254740993</CAT_Style></CATALOG>
 <BASECODE><BC_PK>orphan</BC_PK><BC_Class_FK>none</BC_Class_FK><BC_Remarks><![CDATA[]]></BC_Remarks></BASECODE>
 <BASECODE><BC_PK>loop1</BC_PK><BC_Class_FK>loop2</BC_Class_FK><BC_TypeFlags>-1</BC_TypeFlags></BASECODE>
@@ -211,7 +210,7 @@ void JsonTest::compareItem(Catalog &catalog, CatalogItem &item, const QJsonObjec
 
 void JsonTest::isTheSameForEverySeed()
 {
-    const QString file = QStringLiteral(ORVIDA_SAMPLES "/tunnels.xml");
+    const QString file = text(ORVIDA_SAMPLES "/tunnels.xml");
     const QByteArray expected = jsonOf(file);
     for (const char *seed : {"0", "1", "2", "12345"}) {
         qputenv("QT_HASH_SEED", seed);
@@ -222,8 +221,8 @@ void JsonTest::isTheSameForEverySeed()
 
 void JsonTest::saysTheSameCompactly()
 {
-    const QString file = QStringLiteral(ORVIDA_SAMPLES "/tunnels.xml");
-    const QByteArray compact = jsonOf(file, {QStringLiteral("--compact")});
+    const QString file = text(ORVIDA_SAMPLES "/tunnels.xml");
+    const QByteArray compact = jsonOf(file, {text("--compact")});
     QCOMPARE(compact.count('\n'), 1);
     QCOMPARE(QJsonDocument::fromJson(compact), QJsonDocument::fromJson(jsonOf(file)));
 }

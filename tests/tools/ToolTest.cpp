@@ -21,7 +21,7 @@ Run run(const QStringList &arguments, const QStringList &environment = {}, const
 {
     QProcess process;
     process.setEnvironment(QProcess::systemEnvironment() + environment);
-    process.start(QStringLiteral(ORVIDA_CATALOG_TOOL), arguments);
+    process.start(text(ORVIDA_CATALOG_TOOL), arguments);
     process.write(input);
     process.closeWriteChannel();
     Run result;
@@ -32,56 +32,35 @@ Run run(const QStringList &arguments, const QStringList &environment = {}, const
     return result;
 }
 
-QByteArray codeClass(const QString &id, const QString &caption)
-{
-    return "<CLASS>" + field("CLASS_PK", id) + scrambled("CLASS_Item", caption) + "</CLASS>\n";
-}
-
-QByteArray baseCode(const QString &id, const QString &parent, const QString &code, const QString &caption)
-{
-    return "<BASECODE>" + field("BC_PK", id) + field("BC_Class_FK", parent) + scrambled("BC_Code", code)
-           + scrambled("BC_Item", caption) + "</BASECODE>\n";
-}
-
-// Two classes, siblings of one sort order, a shared code, control characters in a caption.
+// Two classes, siblings of one sort order, a shared code, control characters in a caption, a second profile
+// that only a column and a list name.
 QByteArray smallCatalog()
 {
-    return catalogXml(
-        "<CATALOG>" + field("CAT_Style", QStringLiteral("2147483648")) + "</CATALOG>\n" + "<CATPRO>"
-        + field("PRO_PK", QStringLiteral("P1")) + "</CATPRO>\n"
-        + codeClass(QStringLiteral("k2"), QStringLiteral("Fugen"))
-        + codeClass(QStringLiteral("k1"), QStringLiteral("Gew\u00F6lbe"))
-        + baseCode(QStringLiteral("b3"), QStringLiteral("k1"), QStringLiteral("AAC"), QString())
-        + baseCode(QStringLiteral("b2"), QStringLiteral("k1"), QStringLiteral("AAB"),
-                   QStringLiteral("two\nlines \u0007"))
-        + baseCode(QStringLiteral("b1"), QStringLiteral("k1"), QStringLiteral("AAA"),
-                   QStringLiteral("Ri\u00DF"))
-        + baseCode(QStringLiteral("b4"), QStringLiteral("b1"), QStringLiteral("AAA"), QStringLiteral("offen"))
-        + "<COL>" + field("COL_Profile_FK", QStringLiteral("P1"))
-        + scrambled("COL_Column_ID", QStringLiteral("WIDTH")) + field("COL_DataType", QStringLiteral("DEC"))
-        + "</COL>\n<COL>" + field("COL_Profile_FK", QStringLiteral("P2"))
-        + scrambled("COL_Column_ID", QStringLiteral("WIDTH")) + field("COL_DataType", QStringLiteral("DEC"))
-        + field("COL_Visible", QStringLiteral("true")) + "</COL>\n<LC>" + field("LC_PK", QStringLiteral("l"))
-        + field("LC_Profile_FK", QStringLiteral("P2")) + scrambled("LC_Class_ID", QStringLiteral("SIZES"))
-        + "</LC>\n<LIST>" + field("LIST_Class_FK", QStringLiteral("l"))
-        + field("LIST_Item", QStringLiteral("wide")) + scrambled("LIST_Caption", QStringLiteral("breit"))
-        + "</LIST>\n<PARAM>" + field("PARAM_PK", QStringLiteral("w"))
-        + field("PARAM_DataType", QStringLiteral("DEC"))
-        + scrambled("PARAM_Caption", QStringLiteral("Breite")) + field("PARAM_Unit", QStringLiteral("mm"))
-        + "</PARAM>\n<PARAMX>" + field("PX_PK", QStringLiteral("x"))
-        + field("PX_BaseCode_FK", QStringLiteral("b1")) + field("PX_Param_FK", QStringLiteral("w"))
-        + field("PX_Column_ID", QStringLiteral("WIDTH")) + field("PX_ListClass_ID", QStringLiteral("SIZES"))
-        + field("PX_Mandatory", QStringLiteral("true")) + field("PX_RangeFrom", QStringLiteral("1"))
-        + field("PX_RangeTo", QStringLiteral("9")) + "</PARAMX>\n");
+    return catalogXml("<CATALOG><CAT_Style>2147483648</CAT_Style></CATALOG>\n" + recordsFrom(R"(
+CATPRO PK=P1
+CLASS PK=k2;Item=Fugen
+CLASS PK=k1;Item=Gewölbe
+BASECODE PK=b3;Class_FK=k1;Code=AAC
+BASECODE PK=b1;Class_FK=k1;Code=AAA;Item=Riß
+BASECODE PK=b4;Class_FK=b1;Code=AAA;Item=offen
+COL Profile_FK=P1;Column_ID=WIDTH;DataType=DEC
+COL Profile_FK=P2;Column_ID=WIDTH;DataType=DEC;Visible=true
+LC PK=l;Profile_FK=P2;Class_ID=SIZES
+LIST Class_FK=l;Item=wide;Caption=breit
+PARAM PK=w;DataType=DEC;Caption=Breite;Unit=mm
+PARAMX PK=x;BaseCode_FK=b1;Param_FK=w;Column_ID=WIDTH;ListClass_ID=SIZES;Mandatory=true;RangeFrom=1;RangeTo=9
+)") + "<BASECODE><BC_PK>b2</BC_PK><BC_Class_FK>k1</BC_Class_FK>"
+                      + scrambled("BC_Code", text("AAB")) + scrambled("BC_Item", text("two\nlines \a"))
+                      + "</BASECODE>\n");
 }
 
-const QString smallTree = QStringLiteral("small.xml: profile P1, 6 items, 3D\n"
-                                         "\u251C\u2500\u2500 Gew\u00F6lbe\n"
-                                         "\u2502   \u251C\u2500\u2500 AAA  Ri\u00DF\n"
-                                         "\u2502   \u2502   \u2514\u2500\u2500 AAA  offen\n"
-                                         "\u2502   \u251C\u2500\u2500 AAB  two lines \uFFFD\n"
-                                         "\u2502   \u2514\u2500\u2500 AAC\n"
-                                         "\u2514\u2500\u2500 Fugen\n");
+const QString smallTree = text("small.xml: profile P1, 6 items, 3D\n"
+                               "\u251C\u2500\u2500 Gew\u00F6lbe\n"
+                               "\u2502   \u251C\u2500\u2500 AAA  Ri\u00DF\n"
+                               "\u2502   \u2502   \u2514\u2500\u2500 AAA  offen\n"
+                               "\u2502   \u251C\u2500\u2500 AAB  two lines \uFFFD\n"
+                               "\u2502   \u2514\u2500\u2500 AAC\n"
+                               "\u2514\u2500\u2500 Fugen\n");
 
 } // namespace
 
@@ -116,7 +95,7 @@ private:
 
 void ToolTest::init()
 {
-    m_small = m_folder.write(QStringLiteral("small.xml"), smallCatalog());
+    m_small = m_folder.write(text("small.xml"), smallCatalog());
 }
 
 void ToolTest::endsWithTheStatusOfTheOutcome_data()
@@ -206,7 +185,7 @@ void ToolTest::saysWhatIsWrongAndWhere()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, message);
-    const Run result = run({QStringLiteral("show"), m_folder.write(QStringLiteral("bad.xml"), content)});
+    const Run result = run({text("show"), m_folder.write(text("bad.xml"), content)});
     QCOMPARE(result.exitStatus, 2);
     QCOMPARE(result.output, QString());
     QVERIFY2(result.messages.contains(message), qPrintable(result.messages));
@@ -218,25 +197,25 @@ void ToolTest::printsTheTreeTheSameForEverySeedAndLocale_data()
     QTest::addColumn<QStringList>("environment");
 
     for (const char *seed : {"0", "1", "2", "3", "77", "4000000000"})
-        QTest::newRow(seed) << QStringList{QStringLiteral("QT_HASH_SEED=%1").arg(QLatin1String(seed))};
-    QTest::newRow("locale C") << QStringList{QStringLiteral("LC_ALL=C")};
-    QTest::newRow("locale C.UTF-8") << QStringList{QStringLiteral("LC_ALL=C.UTF-8")};
+        QTest::newRow(seed) << QStringList{text("QT_HASH_SEED=%1").arg(QLatin1String(seed))};
+    QTest::newRow("locale C") << QStringList{text("LC_ALL=C")};
+    QTest::newRow("locale C.UTF-8") << QStringList{text("LC_ALL=C.UTF-8")};
 }
 
 void ToolTest::printsTheTreeTheSameForEverySeedAndLocale()
 {
     QFETCH(QStringList, environment);
-    const Run result = run({QStringLiteral("show"), m_small}, environment);
+    const Run result = run({text("show"), m_small}, environment);
     // Both classes have one sort order and no code, so their ids decide.
     QCOMPARE(result.output, smallTree);
 }
 
 void ToolTest::readsStandardInput()
 {
-    const Run tree = run({QStringLiteral("show"), QStringLiteral("-")}, {}, smallCatalog());
+    const Run tree = run({text("show"), text("-")}, {}, smallCatalog());
     QCOMPARE(tree.output,
              QString(smallTree).replace(QLatin1String("small.xml"), QLatin1String("<standard input>")));
-    const Run broken = run({QStringLiteral("json"), QStringLiteral("-")}, {}, "<OVCAT>");
+    const Run broken = run({text("json"), text("-")}, {}, "<OVCAT>");
     QCOMPARE(broken.exitStatus, 2);
     QVERIFY2(broken.messages.startsWith(QLatin1String("<standard input>:1:8: error:")),
              qPrintable(broken.messages));
@@ -244,36 +223,33 @@ void ToolTest::readsStandardInput()
 
 void ToolTest::keepsTheLibrarysOwnOutputOffStandardOutput()
 {
-    const QString file = m_folder.write(
-        QStringLiteral("orphan.xml"),
-        catalogXml(baseCode(QStringLiteral("b"), QStringLiteral("none"), QStringLiteral("X"), QString())));
-    const Run result = run({QStringLiteral("show"), file});
+    const QString file =
+        m_folder.write(text("orphan.xml"), catalogXml(recordsFrom("BASECODE PK=b;Class_FK=none;Code=X")));
+    const Run result = run({text("show"), file});
     QCOMPARE(result.exitStatus, 0);
-    QCOMPARE(result.output, QStringLiteral("orphan.xml: 1 item (1 outside the tree), not 3D\n"));
+    QCOMPARE(result.output, text("orphan.xml: 1 item (1 outside the tree), not 3D\n"));
     QVERIFY2(result.messages.contains(QLatin1String("Parent of item:  not found!\nItem id: b\n")),
              qPrintable(result.messages));
 }
 
 void ToolTest::warnsOfACatalogWithoutCodes()
 {
-    const Run result = run({QStringLiteral("show"), m_folder.write(QStringLiteral("other.xml"), "<ovcat/>")});
+    const Run result = run({text("show"), m_folder.write(text("other.xml"), "<ovcat/>")});
     QCOMPARE(result.exitStatus, 0);
-    QCOMPARE(result.output, QStringLiteral("other.xml: 0 items, not 3D\n"));
+    QCOMPARE(result.output, text("other.xml: 0 items, not 3D\n"));
     QVERIFY2(result.messages.contains(QLatin1String("is its root element OVCAT?")),
              qPrintable(result.messages));
 }
 
 void ToolTest::colorsOnlyWhenAsked()
 {
-    const QStringList noColor{QStringLiteral("NO_COLOR=1")};
+    const QStringList noColor{text("NO_COLOR=1")};
     const auto show = [this, &noColor](const char *choice) {
-        return run({QStringLiteral("show"), QStringLiteral("--color"), QLatin1String(choice), m_small},
-                   noColor)
-            .output;
+        return run({text("show"), text("--color"), QLatin1String(choice), m_small}, noColor).output;
     };
     QString colored = show("always");
     QVERIFY(colored.contains(QLatin1String("\x1b[1;36mAAA\x1b[0m")));
-    QCOMPARE(colored.remove(QRegularExpression(QStringLiteral("\x1b\\[[0-9;]*m"))), smallTree);
+    QCOMPARE(colored.remove(QRegularExpression(text("\x1b\\[[0-9;]*m"))), smallTree);
     QCOMPARE(show("never"), smallTree);
     QCOMPARE(show("auto"), smallTree);
 }
@@ -281,77 +257,74 @@ void ToolTest::colorsOnlyWhenAsked()
 void ToolTest::printsFieldsOfTheProfile()
 {
     const auto fields = [this](const QStringList &options) {
-        const QStringList lines =
-            run(QStringList{QStringLiteral("show"), QStringLiteral("--fields"), m_small} + options)
-                .output.split(QLatin1Char('\n'));
-        return lines.filter(QStringLiteral("\u00B7"));
+        const QStringList lines = run(QStringList{text("show"), text("--fields"), m_small} + options)
+                                      .output.split(QLatin1Char('\n'));
+        return lines.filter(text("\u00B7"));
     };
-    const QString indentation = QStringLiteral("\u2502   \u2502   \u2502   ");
+    const QString indentation = text("\u2502   \u2502   \u2502   ");
     QCOMPARE(fields({}), QStringList(indentation
-                                     + QStringLiteral("\u00B7 Breite (1 - 9): decimal, in mm, mandatory, "
-                                                      "hidden, range 1 to 9")));
-    QCOMPARE(fields({QStringLiteral("--profile"), QStringLiteral("P2")}),
+                                     + text("\u00B7 Breite (1 - 9): decimal, in mm, mandatory, "
+                                            "hidden, range 1 to 9")));
+    QCOMPARE(fields({text("--profile"), text("P2")}),
              QStringList(indentation
-                         + QStringLiteral("\u00B7 Breite (1 - 9): decimal, in mm, mandatory, "
-                                          "range 1 to 9, list SIZES of 1")));
+                         + text("\u00B7 Breite (1 - 9): decimal, in mm, mandatory, "
+                                "range 1 to 9, list SIZES of 1")));
 }
 
 void ToolTest::printsEveryItemOfACodeAsAForm()
 {
-    const Run result = run({QStringLiteral("show"), m_small, QStringLiteral("--code"), QStringLiteral("AAA"),
-                            QStringLiteral("--profile"), QStringLiteral("P2")});
+    const Run result =
+        run({text("show"), m_small, text("--code"), text("AAA"), text("--profile"), text("P2")});
     QCOMPARE(result.exitStatus, 0);
-    QCOMPARE(result.output,
-             QStringLiteral("AAA  Ri\u00DF\n"
-                            "path            Gew\u00F6lbe \u203A AAA Ri\u00DF\n"
-                            "id              b1\n"
-                            "profile         P2\n"
-                            "\n"
-                            "  Breite (1 - 9)\n"
-                            "    type            decimal\n"
-                            "    unit            mm\n"
-                            "    flags           mandatory\n"
-                            "    range           1 to 9\n"
-                            "    column          WIDTH\n"
-                            "    sort order      0\n"
-                            "    values          list SIZES of 1\n"
-                            "      wide  breit\n"
-                            "\n"
-                            "AAA  offen\n"
-                            "path            Gew\u00F6lbe \u203A AAA Ri\u00DF \u203A AAA offen\n"
-                            "id              b4\n"
-                            "profile         P2\n"
-                            "\n"
-                            "  no fields in this profile\n"));
+    QCOMPARE(result.output, text("AAA  Ri\u00DF\n"
+                                 "path            Gew\u00F6lbe \u203A AAA Ri\u00DF\n"
+                                 "id              b1\n"
+                                 "profile         P2\n"
+                                 "\n"
+                                 "  Breite (1 - 9)\n"
+                                 "    type            decimal\n"
+                                 "    unit            mm\n"
+                                 "    flags           mandatory\n"
+                                 "    range           1 to 9\n"
+                                 "    column          WIDTH\n"
+                                 "    sort order      0\n"
+                                 "    values          list SIZES of 1\n"
+                                 "      wide  breit\n"
+                                 "\n"
+                                 "AAA  offen\n"
+                                 "path            Gew\u00F6lbe \u203A AAA Ri\u00DF \u203A AAA offen\n"
+                                 "id              b4\n"
+                                 "profile         P2\n"
+                                 "\n"
+                                 "  no fields in this profile\n"));
 }
 
 void ToolTest::namesNearCodesAndProfiles()
 {
     const auto messageFor = [this](const char *code) {
-        return run({QStringLiteral("show"), m_small, QStringLiteral("--code"), QLatin1String(code)}).messages;
+        return run({text("show"), m_small, text("--code"), QLatin1String(code)}).messages;
     };
-    QCOMPARE(messageFor("aab"), QStringLiteral("orvida-catalog: no code aab in this catalog; "
-                                               "did you mean AAB, AAA, AAC?\n"));
-    QCOMPARE(messageFor("A"), QStringLiteral("orvida-catalog: no code A in this catalog; "
-                                             "did you mean AAA, AAB, AAC?\n"));
-    QCOMPARE(messageFor("XYZUVW"), QStringLiteral("orvida-catalog: no code XYZUVW in this catalog\n"));
+    QCOMPARE(messageFor("aab"), text("orvida-catalog: no code aab in this catalog; "
+                                     "did you mean AAB, AAA, AAC?\n"));
+    QCOMPARE(messageFor("A"), text("orvida-catalog: no code A in this catalog; "
+                                   "did you mean AAA, AAB, AAC?\n"));
+    QCOMPARE(messageFor("XYZUVW"), text("orvida-catalog: no code XYZUVW in this catalog\n"));
 }
 
 void ToolTest::showsTheLogOfTheLoad()
 {
-    const Run silent = run({QStringLiteral("show"), m_small});
+    const Run silent = run({text("show"), m_small});
     QCOMPARE(silent.messages, QString());
-    const Run logged = run({QStringLiteral("show"), QStringLiteral("--log"), m_small});
-    QCOMPARE(logged.messages,
-             QStringLiteral("info: CatalogLoader: Creating items for list: SIZES\n"
-                            "debug: CatalogListItem: Catalog item created key:wide value:wide\n"));
+    const Run logged = run({text("show"), text("--log"), m_small});
+    QCOMPARE(logged.messages, text("info: CatalogLoader: Creating items for list: SIZES\n"
+                                   "debug: CatalogListItem: Catalog item created key:wide value:wide\n"));
     QCOMPARE(logged.output, silent.output);
 }
 
 void ToolTest::findsNoFaultInTheSample()
 {
-    const Run result = run({QStringLiteral("show"), QStringLiteral("--log"), QStringLiteral("--fields"),
-                            QStringLiteral(ORVIDA_SAMPLES "/tunnels.xml")});
+    const Run result =
+        run({text("show"), text("--log"), text("--fields"), text(ORVIDA_SAMPLES "/tunnels.xml")});
     QCOMPARE(result.exitStatus, 0);
     QVERIFY(!result.output.contains(QLatin1String("outside the tree")));
     QVERIFY2(!result.messages.contains(QLatin1String("error: ")), qPrintable(result.messages));
@@ -362,23 +335,22 @@ void ToolTest::findsNoFaultInTheSample()
 void ToolTest::drawsADeepChainInBoundedSpace()
 {
     const int depth = 20000;
-    QByteArray records = codeClass(QStringLiteral("c0"), QStringLiteral("top"));
+    QString lines = text("CLASS PK=c0;Item=top\n");
     for (int i = 1; i < depth; ++i)
-        records += baseCode(QStringLiteral("c%1").arg(i), QStringLiteral("c%1").arg(i - 1),
-                            QStringLiteral("K%1").arg(i), QString());
+        lines += text("BASECODE PK=c%1;Class_FK=c%2;Code=K%1\n").arg(i).arg(i - 1);
     const Run result =
-        run({QStringLiteral("show"), m_folder.write(QStringLiteral("deep.xml"), catalogXml(records))});
+        run({text("show"), m_folder.write(text("deep.xml"), catalogXml(recordsFrom(lines.toUtf8())))});
     QCOMPARE(result.exitStatus, 0);
     QCOMPARE(result.output.count(QLatin1Char('\n')), depth + 1);
-    QVERIFY(result.output.endsWith(QStringLiteral("+%1 K%2\n").arg(depth - 1 - 40).arg(depth - 1)));
+    QVERIFY(result.output.endsWith(text("+%1 K%2\n").arg(depth - 1 - 40).arg(depth - 1)));
     QVERIFY(result.output.size() < depth * 200);
 }
 
 void ToolTest::reportsWhatCannotBeWritten()
 {
     QProcess process;
-    process.setStandardOutputFile(QStringLiteral("/dev/full"));
-    process.start(QStringLiteral(ORVIDA_CATALOG_TOOL), {QStringLiteral("json"), m_small});
+    process.setStandardOutputFile(text("/dev/full"));
+    process.start(text(ORVIDA_CATALOG_TOOL), {text("json"), m_small});
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitCode(), 2);
     QVERIFY(process.readAllStandardError().contains("cannot write to standard output"));
