@@ -1,12 +1,10 @@
 #include "catalogs/building/InputFields_p.h"
 
 #include "catalogs/model/Catalog.h"
+#include "catalogs/model/FieldTemplate_p.h"
 #include "catalogs/reading/CatalogXMLParser.h"
 #include "shared/CLogger.h"
 #include "shared/DoubleFormater.h"
-
-#include <QSet>
-#include <QVector>
 
 namespace Orvida::Catalogs {
 
@@ -15,7 +13,7 @@ namespace {
 using Logging::CLogger;
 using Shared::DoubleFormater;
 using Shared::InputField;
-using ProfileColumns = QHash<QString, QVector<const CatalogParserColumn *>>;
+using Appearances = QHash<QString, QHash<QString, FieldTemplate::Appearance>>;
 
 // A clock position reads as a span of the clock, from prefix to suffix, whatever its type and range.
 bool isClockPosition(const CatalogInputField &field)
@@ -43,8 +41,7 @@ QString composedCaption(const QString &caption, const CatalogInputField &field)
              DoubleFormater::toString(field.maximumValue(), field.inputFormat()));
 }
 
-// All of a field that does not depend on the profile: made once for the fields of all profiles, because an
-// extension has as many fields as there are profiles, which differ in little.
+// All of a field that does not depend on the profile.
 CatalogInputField commonField(const CatalogParserParamExtended &extension,
                               const CatalogParserParameter &parameter)
 {
@@ -70,57 +67,19 @@ CatalogInputField commonField(const CatalogParserParamExtended &extension,
     return field;
 }
 
-// By column id, the column of each profile; of several columns of one profile the first one counts.
-ProfileColumns columnsOfProfiles(const CatalogXMLParser &parser)
+// By column id, how each profile shows the column; of several columns of one profile the first one counts.
+Appearances appearancesOf(const CatalogXMLParser &parser)
 {
-    ProfileColumns result;
+    Appearances result;
+    result.reserve(parser.m_columns.size());
     for (auto columns = parser.m_columns.cbegin(); columns != parser.m_columns.cend(); ++columns) {
-        QVector<const CatalogParserColumn *> &first = result[columns.key()];
-        QSet<QString> seenProfiles;
+        auto &byProfile = result[columns.key()];
         for (const CatalogParserColumn &column : *columns) {
-            if (seenProfiles.contains(column.profileFk))
-                continue;
-            seenProfiles.insert(column.profileFk);
-            first.append(&column);
+            if (!byProfile.contains(column.profileFk))
+                byProfile.insert(column.profileFk, {column.readOnly, column.visible});
         }
     }
     return result;
-}
-
-// The entries of a list class of a profile; null when there is no such class, or none is asked for.
-const QList<Shared::ListItem> *entriesOf(const ListLookup &lists, const QString &profile,
-                                         const QString &classId)
-{
-    if (classId.isEmpty())
-        return nullptr;
-    const auto listsOfProfile = lists.constFind(profile);
-    if (listsOfProfile == lists.constEnd())
-        return nullptr;
-    const auto entries = listsOfProfile->constFind(classId);
-    return entries == listsOfProfile->constEnd() ? nullptr : &*entries;
-}
-
-// Adds the field of each profile that has the column.
-void addFields(CatalogItem &item, const CatalogParserParamExtended &extension,
-               const CatalogParserParameter &parameter, const QVector<const CatalogParserColumn *> &columns,
-               const ListLookup &lists)
-{
-    if (columns.isEmpty())
-        return;
-    CatalogInputField field = commonField(extension, parameter);
-    for (const CatalogParserColumn *column : columns) {
-        field.setIsReadonly(column->readOnly);
-        field.setIsVisible(column->visible);
-        const auto *entries = entriesOf(lists, column->profileFk, extension.listClassId);
-        if (!entries || entries->isEmpty()) {
-            item.addField(column->profileFk, field);
-            continue;
-        }
-        // A copy, so that the next profile does not inherit this one's list.
-        CatalogInputField fieldWithList = field;
-        fieldWithList.setItemList(*entries);
-        item.addField(column->profileFk, fieldWithList);
-    }
 }
 
 } // namespace
@@ -128,7 +87,7 @@ void addFields(CatalogItem &item, const CatalogParserParamExtended &extension,
 void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const ListLookup &lists)
 {
     const QHash<QString, QSharedPointer<CatalogItem>> &items = catalog.getCatalogItems();
-    const ProfileColumns columns = columnsOfProfiles(parser);
+    const Appearances appearances = appearancesOf(parser);
     const CatalogParserParameter noParameter;
     for (const CatalogParserParamExtended &extension : parser.m_parameterExtensions) {
         const QString &itemKey = extension.baseCodeFk.isEmpty() ? extension.charExtFk : extension.baseCodeFk;
@@ -138,10 +97,13 @@ void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const Li
                                 QStringLiteral("Catalog item ") + itemKey + QStringLiteral(" not found!"));
             continue;
         }
+        const auto appearancesOfColumn = appearances.constFind(extension.columnId);
+        if (appearancesOfColumn == appearances.constEnd())
+            continue;
         const auto parameter = parser.m_parameters.constFind(extension.paramFk);
         const bool hasParameter = parameter != parser.m_parameters.constEnd();
-        addFields(**item, extension, hasParameter ? *parameter : noParameter,
-                  columns.value(extension.columnId), lists);
+        (*item)->addFields({commonField(extension, hasParameter ? *parameter : noParameter),
+                            *appearancesOfColumn, lists.value(extension.listClassId)});
     }
 }
 

@@ -79,7 +79,7 @@ ListLookup buildListLookup(CatalogXMLParser &parser, Catalog &catalog)
         // hosts see it.
         Items &items = parser.m_listItems[listClass.pk];
         orderBySortOrder(items, sortOrderOfListItem);
-        lists[listClass.profileFk][listClass.classId] =
+        lists[listClass.classId][listClass.profileFk] =
             listClass.classId == continousDefectClassId
                 ? defectEntries(listClass, items, parser.m_parameters, catalog)
                 : valueEntries(listClass, items, parser.m_parameters);

@@ -1,6 +1,7 @@
 #include "catalogs/model/CatalogItem.h"
 
 #include "catalogs/model/Catalog.h"
+#include "catalogs/model/FieldTemplate_p.h"
 #include "catalogs/model/SortOrdering_p.h"
 
 #include <new>
@@ -76,7 +77,12 @@ const QList<QSharedPointer<CatalogItem>> &CatalogItem::getChildItems()
 
 void CatalogItem::addField(const QString &profile, const CatalogInputField &field)
 {
-    m_fields[profile].append(field);
+    fieldsOf(profile).append(field);
+}
+
+void CatalogItem::addFields(FieldTemplate field)
+{
+    m_fieldTemplates.push_back(std::move(field));
 }
 
 QList<CatalogInputField> &CatalogItem::getFields()
@@ -86,13 +92,24 @@ QList<CatalogInputField> &CatalogItem::getFields()
         return m_noFields;
     }
     const QString profile = m_catalog->profile();
-    QList<CatalogInputField> &fields = m_fields[profile];
+    QList<CatalogInputField> &fields = fieldsOf(profile);
     if (!m_sortedProfiles.contains(profile)) {
         // Noted first: if there is no memory for that, the fields are still as they were added.
         m_sortedProfiles.insert(profile);
         orderBySortOrder(fields, sortOrderOfField);
     }
     return fields;
+}
+
+QList<CatalogInputField> &CatalogItem::fieldsOf(const QString &profile)
+{
+    const auto made = m_fields.find(profile);
+    if (made != m_fields.end())
+        return *made;
+    QList<CatalogInputField> fields;
+    for (const FieldTemplate &fieldTemplate : m_fieldTemplates)
+        fieldTemplate.appendTo(fields, profile);
+    return *m_fields.insert(profile, fields);
 }
 
 } // namespace Orvida::Catalogs

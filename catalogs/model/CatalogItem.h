@@ -11,9 +11,12 @@
 #include <QSharedPointer>
 #include <QString>
 
+#include <vector>
+
 namespace Orvida::Catalogs {
 
 class Catalog;
+struct FieldTemplate;
 
 /// A code class, a base code or a character extension; which of them shows in where it hangs in the tree.
 ///
@@ -108,16 +111,22 @@ public:
     /// After the first `getFields` for that profile a new field stays at the end.
     void addField(const QString &profile, const CatalogInputField &field);
 
+    /// For the loader: adds one field to every profile that `field` names. The fields are made when they are
+    /// first asked for, so it must come before any `addField` and `getFields`.
+    void addFields(FieldTemplate field);
+
     /// The fields of the catalog's current profile by ascending sort order; empty when there are none, and
     /// when the item has no catalog.
     ///
-    /// The first call for a profile orders its fields, for good; it also notes the profile when there are
-    /// no fields. The list itself, not a copy: it belongs to the item and stays valid until the item goes or
+    /// The first call for a profile makes its fields and orders them, for good; it also notes the profile when
+    /// there are no fields. The list itself, not a copy: it belongs to the item and stays valid until the item goes or
     /// a field is added. What is written into the list of an item without catalog is lost.
     QList<CatalogInputField> &getFields();
 
 private:
     friend class Catalog;
+
+    QList<CatalogInputField> &fieldsOf(const QString &profile);
 
     QString m_id;
     QString m_parentId;
@@ -137,7 +146,9 @@ private:
     Catalog *m_catalog = nullptr;
     // In the order in which they were added, until the first getChildItems orders them.
     QList<QSharedPointer<CatalogItem>> m_childItems;
-    // By profile key; each list in the order in which it was added to, until its first getFields.
+    std::vector<FieldTemplate> m_fieldTemplates;
+    // By profile key, for the profiles that were asked for; each list in the order in which it was added to,
+    // until its first getFields.
     QHash<QString, QList<CatalogInputField>> m_fields;
     bool m_childItemsSorted = false;
     // Keys of the profiles whose fields were ordered.
