@@ -118,9 +118,9 @@ public:
     /// The fields of the catalog's current profile by ascending sort order; empty when there are none, and
     /// when the item has no catalog.
     ///
-    /// The first call for a profile makes its fields and orders them, for good; it also notes the profile when
-    /// there are no fields. The list itself, not a copy: it belongs to the item and stays valid until the item goes or
-    /// a field is added. What is written into the list of an item without catalog is lost.
+    /// The first call for a profile makes its fields and orders them, for good; it also notes the profile
+    /// when there are no fields. The list itself, not a copy: it belongs to the item and stays valid until
+    /// the item goes or a field is added. What is written into the list of an item without catalog is lost.
     QList<CatalogInputField> &getFields();
 
 private:

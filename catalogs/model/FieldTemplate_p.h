@@ -12,9 +12,9 @@ namespace Orvida::Catalogs {
 
 /// One input field as all profiles see it.
 ///
-/// A code has a field for every profile, and the fields differ in little; an inspector works with one profile.
-/// So loading fills the field once, and an item copies it for the profiles that are asked for. The tables
-/// are shared: by all templates with one column, and by all with one list class.
+/// A code has a field for every profile, and the fields differ in little; an inspector works with one
+/// profile. So loading fills the field once, and an item copies it for the profiles that are asked for. The
+/// tables are shared: by all templates with one column, and by all with one list class.
 struct FieldTemplate
 {
     /// How a profile shows the field.

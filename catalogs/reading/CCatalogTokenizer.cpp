@@ -1,26 +1,17 @@
 #include "catalogs/reading/CCatalogTokenizer.h"
 
-#include <QString>
-
-#include <cstddef>
+#include "catalogs/reading/TokenTable_p.h"
 
 namespace {
 
 // The name constants stand before the tokenizer in this file, because its tables hold views into them:
 // they are made before it and destroyed after it.
-template <typename Token>
-struct NamedToken
-{
-    const QString name;
-    const Token token;
-};
-
 // clang-format off
 
 // One row per name: the spelling in the file is the spelling of the enumerator.
 #define ORVIDA_NAMED(Enum, name) {QStringLiteral(#name), CCatalogTokenizer::Enum::name}
 
-const NamedToken<CCatalogTokenizer::CatalogToken> catalogTokenNames[] = {
+const TokenTable<CCatalogTokenizer::CatalogToken>::Row catalogTokenNames[] = {
     ORVIDA_NAMED(CatalogToken, OVCAT),
     {QStringLiteral("OVCat"), CCatalogTokenizer::CatalogToken::OVCAT},
     ORVIDA_NAMED(CatalogToken, CATALOG),
@@ -36,7 +27,7 @@ const NamedToken<CCatalogTokenizer::CatalogToken> catalogTokenNames[] = {
     ORVIDA_NAMED(CatalogToken, PARAMX),
 };
 
-const NamedToken<CCatalogTokenizer::CatalogInfoToken> catalogInfoTokenNames[] = {
+const TokenTable<CCatalogTokenizer::CatalogInfoToken>::Row catalogInfoTokenNames[] = {
     ORVIDA_NAMED(CatalogInfoToken, CAT_PK),
     ORVIDA_NAMED(CatalogInfoToken, CAT_Country),
     ORVIDA_NAMED(CatalogInfoToken, CAT_Language),
@@ -50,7 +41,7 @@ const NamedToken<CCatalogTokenizer::CatalogInfoToken> catalogInfoTokenNames[] = 
     ORVIDA_NAMED(CatalogInfoToken, CAT_Style),
 };
 
-const NamedToken<CCatalogTokenizer::ProfileToken> profileTokenNames[] = {
+const TokenTable<CCatalogTokenizer::ProfileToken>::Row profileTokenNames[] = {
     ORVIDA_NAMED(ProfileToken, PRO_PK),
     ORVIDA_NAMED(ProfileToken, PRO_Format),
     ORVIDA_NAMED(ProfileToken, PRO_ExportType),
@@ -58,14 +49,14 @@ const NamedToken<CCatalogTokenizer::ProfileToken> profileTokenNames[] = {
     ORVIDA_NAMED(ProfileToken, PRO_SortOrder),
 };
 
-const NamedToken<CCatalogTokenizer::ProfileExtensionToken> profileExtensionTokenNames[] = {
+const TokenTable<CCatalogTokenizer::ProfileExtensionToken>::Row profileExtensionTokenNames[] = {
     ORVIDA_NAMED(ProfileExtensionToken, CPX_PK),
     ORVIDA_NAMED(ProfileExtensionToken, CPX_Profile_FK),
     ORVIDA_NAMED(ProfileExtensionToken, CPX_IsStart),
     ORVIDA_NAMED(ProfileExtensionToken, CPX_IsOrvida),
 };
 
-const NamedToken<CCatalogTokenizer::ColumnToken> columnTokenNames[] = {
+const TokenTable<CCatalogTokenizer::ColumnToken>::Row columnTokenNames[] = {
     ORVIDA_NAMED(ColumnToken, COL_Profile_FK),
     ORVIDA_NAMED(ColumnToken, COL_Column_ID),
     ORVIDA_NAMED(ColumnToken, COL_Export_ID),
@@ -90,7 +81,7 @@ const NamedToken<CCatalogTokenizer::ColumnToken> columnTokenNames[] = {
     ORVIDA_NAMED(ColumnToken, COL_SortOrder),
 };
 
-const NamedToken<CCatalogTokenizer::ListClassToken> listClassTokenNames[] = {
+const TokenTable<CCatalogTokenizer::ListClassToken>::Row listClassTokenNames[] = {
     ORVIDA_NAMED(ListClassToken, LC_PK),
     ORVIDA_NAMED(ListClassToken, LC_Profile_FK),
     ORVIDA_NAMED(ListClassToken, LC_Class_ID),
@@ -98,7 +89,7 @@ const NamedToken<CCatalogTokenizer::ListClassToken> listClassTokenNames[] = {
     ORVIDA_NAMED(ListClassToken, LC_TypeFlags),
 };
 
-const NamedToken<CCatalogTokenizer::ListItemToken> listItemTokenNames[] = {
+const TokenTable<CCatalogTokenizer::ListItemToken>::Row listItemTokenNames[] = {
     ORVIDA_NAMED(ListItemToken, LIST_PK),
     ORVIDA_NAMED(ListItemToken, LIST_Class_FK),
     ORVIDA_NAMED(ListItemToken, LIST_Item),
@@ -108,7 +99,7 @@ const NamedToken<CCatalogTokenizer::ListItemToken> listItemTokenNames[] = {
     ORVIDA_NAMED(ListItemToken, LIST_Param_ID),
 };
 
-const NamedToken<CCatalogTokenizer::CodeClassToken> codeClassTokenNames[] = {
+const TokenTable<CCatalogTokenizer::CodeClassToken>::Row codeClassTokenNames[] = {
     ORVIDA_NAMED(CodeClassToken, CLASS_PK),
     ORVIDA_NAMED(CodeClassToken, CLASS_SortOrder),
     ORVIDA_NAMED(CodeClassToken, CLASS_Item),
@@ -117,7 +108,7 @@ const NamedToken<CCatalogTokenizer::CodeClassToken> codeClassTokenNames[] = {
     ORVIDA_NAMED(CodeClassToken, CLASS_IsVirtual),
 };
 
-const NamedToken<CCatalogTokenizer::BaseCodeToken> baseCodeTokenNames[] = {
+const TokenTable<CCatalogTokenizer::BaseCodeToken>::Row baseCodeTokenNames[] = {
     ORVIDA_NAMED(BaseCodeToken, BC_PK),
     ORVIDA_NAMED(BaseCodeToken, BC_SortOrder),
     ORVIDA_NAMED(BaseCodeToken, BC_Class_FK),
@@ -135,7 +126,7 @@ const NamedToken<CCatalogTokenizer::BaseCodeToken> baseCodeTokenNames[] = {
     ORVIDA_NAMED(BaseCodeToken, BC_IsVirtual),
 };
 
-const NamedToken<CCatalogTokenizer::CharacterExtensionToken> characterExtensionTokenNames[] = {
+const TokenTable<CCatalogTokenizer::CharacterExtensionToken>::Row characterExtensionTokenNames[] = {
     ORVIDA_NAMED(CharacterExtensionToken, CE_PK),
     ORVIDA_NAMED(CharacterExtensionToken, CE_SortOrder),
     ORVIDA_NAMED(CharacterExtensionToken, CE_BaseCode_FK),
@@ -153,7 +144,7 @@ const NamedToken<CCatalogTokenizer::CharacterExtensionToken> characterExtensionT
     ORVIDA_NAMED(CharacterExtensionToken, CE_Construction),
 };
 
-const NamedToken<CCatalogTokenizer::ParameterToken> parameterTokenNames[] = {
+const TokenTable<CCatalogTokenizer::ParameterToken>::Row parameterTokenNames[] = {
     ORVIDA_NAMED(ParameterToken, PARAM_PK),
     ORVIDA_NAMED(ParameterToken, PARAM_SortOrder),
     ORVIDA_NAMED(ParameterToken, PARAM_ID),
@@ -166,7 +157,7 @@ const NamedToken<CCatalogTokenizer::ParameterToken> parameterTokenNames[] = {
     ORVIDA_NAMED(ParameterToken, PARAM_TypeFlags),
 };
 
-const NamedToken<CCatalogTokenizer::ParameterExtensionToken> parameterExtensionTokenNames[] = {
+const TokenTable<CCatalogTokenizer::ParameterExtensionToken>::Row parameterExtensionTokenNames[] = {
     ORVIDA_NAMED(ParameterExtensionToken, PX_PK),
     ORVIDA_NAMED(ParameterExtensionToken, PX_BaseCode_FK),
     ORVIDA_NAMED(ParameterExtensionToken, PX_CharExt_FK),
@@ -189,33 +180,26 @@ const NamedToken<CCatalogTokenizer::ParameterExtensionToken> parameterExtensionT
 
 // clang-format on
 
-template <typename Token, std::size_t count>
-std::unique_ptr<const QHash<QStringRef, Token>> tableOf(const NamedToken<Token> (&names)[count])
-{
-    auto table = std::make_unique<QHash<QStringRef, Token>>();
-    table->reserve(static_cast<int>(count));
-    for (const NamedToken<Token> &named : names)
-        table->insert(QStringRef(&named.name), named.token);
-    return table;
-}
-
 } // namespace
 
 const CCatalogTokenizer CCatalogTokenizer::m_tokenizer;
 
 CCatalogTokenizer::CCatalogTokenizer()
-    : m_catalogTokens(tableOf(catalogTokenNames)),
-      m_catalogInfoTokens(tableOf(catalogInfoTokenNames)),
-      m_profileTokens(tableOf(profileTokenNames)),
-      m_profileExtensionTokens(tableOf(profileExtensionTokenNames)),
-      m_columnTokens(tableOf(columnTokenNames)),
-      m_listClassTokens(tableOf(listClassTokenNames)),
-      m_listItemTokens(tableOf(listItemTokenNames)),
-      m_codeClassTokens(tableOf(codeClassTokenNames)),
-      m_baseCodeTokens(tableOf(baseCodeTokenNames)),
-      m_characterExtensionTokens(tableOf(characterExtensionTokenNames)),
-      m_parameterTokens(tableOf(parameterTokenNames)),
-      m_parameterExtensionTokens(tableOf(parameterExtensionTokenNames))
+    : m_catalogTokens(std::make_unique<TokenTable<CatalogToken>>(catalogTokenNames)),
+      m_catalogInfoTokens(std::make_unique<TokenTable<CatalogInfoToken>>(catalogInfoTokenNames)),
+      m_profileTokens(std::make_unique<TokenTable<ProfileToken>>(profileTokenNames)),
+      m_profileExtensionTokens(
+          std::make_unique<TokenTable<ProfileExtensionToken>>(profileExtensionTokenNames)),
+      m_columnTokens(std::make_unique<TokenTable<ColumnToken>>(columnTokenNames)),
+      m_listClassTokens(std::make_unique<TokenTable<ListClassToken>>(listClassTokenNames)),
+      m_listItemTokens(std::make_unique<TokenTable<ListItemToken>>(listItemTokenNames)),
+      m_codeClassTokens(std::make_unique<TokenTable<CodeClassToken>>(codeClassTokenNames)),
+      m_baseCodeTokens(std::make_unique<TokenTable<BaseCodeToken>>(baseCodeTokenNames)),
+      m_characterExtensionTokens(
+          std::make_unique<TokenTable<CharacterExtensionToken>>(characterExtensionTokenNames)),
+      m_parameterTokens(std::make_unique<TokenTable<ParameterToken>>(parameterTokenNames)),
+      m_parameterExtensionTokens(
+          std::make_unique<TokenTable<ParameterExtensionToken>>(parameterExtensionTokenNames))
 {
 }
 

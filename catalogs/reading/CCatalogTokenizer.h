@@ -4,10 +4,12 @@
 
 #include "catalogs/CatalogsExport.h"
 
-#include <QHash>
 #include <QStringRef>
 
 #include <memory>
+
+template <typename Token>
+class TokenTable;
 
 /// The token tables of a catalog file, one per context: root and section elements, the catalog
 /// information, and the fields of each of the ten record kinds.
@@ -228,7 +230,7 @@ public:
 
 private:
     template <typename Token>
-    using Table = std::unique_ptr<const QHash<QStringRef, Token>>;
+    using Table = std::unique_ptr<const TokenTable<Token>>;
 
     const Table<CatalogToken> m_catalogTokens;
     const Table<CatalogInfoToken> m_catalogInfoTokens;

@@ -1,6 +1,8 @@
 // Shares texts that come again and again in a catalog file. For the reader's own use.
 #pragma once
 
+#include "catalogs/reading/SameText_p.h"
+
 #include <QString>
 #include <QStringRef>
 
@@ -20,7 +22,7 @@ public:
         QString &remembered = m_texts[placeOf(view)];
         // Copies the characters: QStringRef::toString() of a whole text would share the reader's own buffer,
         // and every stored value would keep that buffer's reserve alive.
-        if (remembered.isNull() || remembered != view)
+        if (remembered.isNull() || !isSameText(view, remembered))
             remembered = QString(view.constData(), view.length());
         return remembered;
     }
