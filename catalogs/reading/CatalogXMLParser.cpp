@@ -15,11 +15,21 @@ namespace Orvida::Catalogs {
 
 namespace {
 
-// The conversions of a field's text, besides toText. The view dies with the reader's next token.
+// The conversions of a field's text to what is no text. The view dies with the reader's next token.
 
+// Nearly every number in a catalog is a few plain digits; Qt's conversion has the last word on all others.
 int toInt(const QStringRef &text)
 {
-    return text.toInt();
+    constexpr int safeDigits = 9;
+    if (text.isEmpty() || text.length() > safeDigits)
+        return text.toInt();
+    int value = 0;
+    for (const QChar digit : text) {
+        if (digit < QLatin1Char('0') || digit > QLatin1Char('9'))
+            return text.toInt();
+        value = value * 10 + (digit.unicode() - '0');
+    }
+    return value;
 }
 
 qint64 toInt64(const QStringRef &text)
@@ -30,11 +40,6 @@ qint64 toInt64(const QStringRef &text)
 bool toBool(const QStringRef &text)
 {
     return Shared::DataConverter::stringToBool(text);
-}
-
-QString descrambleText(const QStringRef &text)
-{
-    return ScrambledText::decode(text);
 }
 
 struct NamedParameterType
@@ -493,6 +498,11 @@ bool CatalogXMLParser::readParameterExtension()
 QString CatalogXMLParser::toText(const QStringRef &text)
 {
     return m_texts->text(text);
+}
+
+QString CatalogXMLParser::descrambleText(const QStringRef &text)
+{
+    return m_texts->converted(text, ScrambledText::decode);
 }
 
 bool CatalogXMLParser::accepts(const char *record, std::initializer_list<RequiredField> requiredFields)

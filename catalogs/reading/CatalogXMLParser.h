@@ -94,6 +94,7 @@ private:
     [[nodiscard]] bool readParameter();
     [[nodiscard]] bool readParameterExtension();
     QString toText(const QStringRef &text);
+    QString descrambleText(const QStringRef &text);
     [[nodiscard]] bool accepts(const char *record, std::initializer_list<RequiredField> requiredFields);
     [[nodiscard]] bool storesItem(Items &items, const QSharedPointer<CatalogItem> &item, const char *record,
                                   const char *key);
