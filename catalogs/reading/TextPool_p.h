@@ -13,54 +13,70 @@ namespace Orvida::Catalogs {
 /// Turns views of the reader's buffer into texts of their own, and gives the same text again, without
 /// allocating, when it is still remembered. Profile keys, column ids, units and the captions of list entries
 /// come hundreds of times each; forgetting one, because another text has taken its place, costs only memory.
+///
+/// A text is remembered when it comes for the second time. Most texts of a catalog come once: they would push
+/// the others out, and each would cost a visit to memory that is long out of the processor's caches.
 class TextPool
 {
 public:
     /// A text with the characters of `view`.
     QString text(const QStringRef &view)
     {
-        QString &remembered = m_texts[placeOf(view)];
         // Copies the characters: QStringRef::toString() of a whole text would share the reader's own buffer,
         // and every stored value would keep that buffer's reserve alive.
-        if (remembered.isNull() || !isSameText(view, remembered))
-            remembered = QString(view.constData(), view.length());
-        return remembered;
+        return remembered(m_texts, view, [](const QStringRef &from) {
+            return QString(from.constData(), from.length());
+        });
     }
 
-    /// What `convert`, which must always be the same, makes of `view`.
-    template <typename Convert>
-    QString converted(const QStringRef &view, Convert convert)
+    /// What `convert`, which must always be the same function, makes of `view`.
+    QString converted(const QStringRef &view, QString (*convert)(const QStringRef &))
     {
-        Conversion &remembered = m_conversions[placeOf(view)];
-        if (remembered.from.isNull() || !isSameText(view, remembered.from)) {
-            remembered.to = convert(view);
-            // Into the characters that are there already: nobody shares them.
-            remembered.from.setUnicode(view.constData(), view.length());
-        }
-        return remembered.to;
+        return remembered(m_conversions, view, convert);
     }
 
 private:
     static constexpr unsigned places = 1024;
 
-    struct Conversion
+    struct Entry
     {
+        unsigned lastHash = 0; // of the text that came here last, remembered or not
+        unsigned hash = 0;     // of `from`
         QString from;
         QString to;
     };
+    using Entries = std::array<Entry, places>;
 
-    // Keys differ near their end, as in P1 and P2 or BC-100 and BC-101; texts, anywhere.
-    static unsigned placeOf(const QStringRef &view)
+    template <typename Convert>
+    static QString remembered(Entries &entries, const QStringRef &view, Convert convert)
     {
-        auto place = static_cast<unsigned>(view.length());
-        const int step = view.length() / 8 + 1;
-        for (int i = view.length() - 1; i >= 0; i -= step)
-            place = place * 31 + view.at(i).unicode();
-        return place % places;
+        const unsigned hash = hashOf(view);
+        Entry &entry = entries[hash % places];
+        if (entry.hash == hash && isSameText(view, entry.from))
+            return entry.to;
+        const QString result = convert(view);
+        if (entry.lastHash == hash) {
+            entry.from = isSameText(view, result) ? result : QString(view.constData(), view.length());
+            entry.to = result;
+            entry.hash = hash;
+        }
+        entry.lastHash = hash;
+        return result;
     }
 
-    std::array<QString, places> m_texts;
-    std::array<Conversion, places> m_conversions;
+    // Of eight characters, the last one among them: keys differ near their end, as in BC-100 and BC-101. Never
+    // 0 for an empty text, which is not the null text of an unused entry.
+    static unsigned hashOf(const QStringRef &view)
+    {
+        auto hash = static_cast<unsigned>(view.length()) + 1;
+        const int step = view.length() / 8 + 1;
+        for (int i = view.length() - 1; i >= 0; i -= step)
+            hash = hash * 31 + view.at(i).unicode();
+        return hash;
+    }
+
+    Entries m_texts;
+    Entries m_conversions;
 };
 
 } // namespace Orvida::Catalogs
