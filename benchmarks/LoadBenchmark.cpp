@@ -85,6 +85,25 @@ void endOfCatalog(benchmark::State &state)
     }
 }
 
+// What loading leaves to the first who asks: the fields of every item, under one profile.
+void firstFields(benchmark::State &state)
+{
+    const QString path = catalogFile(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        CatalogSptr catalog = CatalogLoader().loadCatalog(path, QStringLiteral("benchmark"));
+        state.ResumeTiming();
+        int fields = 0;
+        for (const auto &item : qAsConst(catalog->getCatalogItems()))
+            fields += item->getFields().size();
+        if (fields == 0)
+            state.SkipWithError("no fields");
+        state.PauseTiming();
+        catalog.reset();
+        state.ResumeTiming();
+    }
+}
+
 } // namespace
 
 #define ORVIDA_SIZES ->RangeMultiplier(10)->Range(100000, 100000000)->Unit(benchmark::kMillisecond)
@@ -94,3 +113,4 @@ BENCHMARK(readFile) ORVIDA_SIZES;
 BENCHMARK(loadCatalog) ORVIDA_SIZES;
 BENCHMARK(loadCatalogWithLog)->Arg(10000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(endOfCatalog)->Arg(10000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(firstFields)->Arg(10000000)->Unit(benchmark::kMillisecond);

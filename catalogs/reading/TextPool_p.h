@@ -24,9 +24,8 @@ public:
     {
         // Copies the characters: QStringRef::toString() of a whole text would share the reader's own buffer,
         // and every stored value would keep that buffer's reserve alive.
-        return remembered(m_texts, view, [](const QStringRef &from) {
-            return QString(from.constData(), from.length());
-        });
+        return remembered(m_texts, view,
+                          [](const QStringRef &from) { return QString(from.constData(), from.length()); });
     }
 
     /// What `convert`, which must always be the same function, makes of `view`.
@@ -64,8 +63,8 @@ private:
         return result;
     }
 
-    // Of eight characters, the last one among them: keys differ near their end, as in BC-100 and BC-101. Never
-    // 0 for an empty text, which is not the null text of an unused entry.
+    // Of eight characters, the last one among them: keys differ near their end, as in BC-100 and BC-101.
+    // Never 0 for an empty text, which is not the null text of an unused entry.
     static unsigned hashOf(const QStringRef &view)
     {
         auto hash = static_cast<unsigned>(view.length()) + 1;

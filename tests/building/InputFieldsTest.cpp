@@ -86,6 +86,7 @@ private Q_SLOTS:
     void buildsFields();
     void buildsOneFieldForEachOfManyProfiles();
     void fillsEveryProperty();
+    void placesFieldsOfTheHostBehindItsOwn();
 };
 
 void InputFieldsTest::buildsFields_data()
@@ -192,6 +193,23 @@ void InputFieldsTest::fillsEveryProperty()
                  "|in/second/other|first/first/item\n"
                  "B.Q=Width (2.0 - 30.0)/VM|C|def|0.000|0.0|2|30|0,5|@Q1|pre|suf|mm|11|4|-7|3|1099511627781\n"
                  "E.Q=Clock (at x till)/R|D|||||||@clk|at|till||0|0|0|1|0|A01/third/beginning"));
+}
+
+// Whether the profile's fields were asked for before or not.
+void InputFieldsTest::placesFieldsOfTheHostBehindItsOwn()
+{
+    const CatalogSptr catalog =
+        loaded(recordsFrom("BASECODE PK=B") + parameter("X") + extension("X") + column("P") + column("Q"));
+    const auto &item = catalog->getItemById(QStringLiteral("B"));
+    CatalogInputField field;
+    field.setCaption(QStringLiteral("host"));
+    item->addField(QStringLiteral("P"), field);
+    QCOMPARE(fieldsOf(catalog, shortText, bothProfiles), QStringLiteral("B.P=X,host\nB.Q=X"));
+    item->addField(QStringLiteral("Q"), field);
+    item->addField(QStringLiteral("R"), field);
+    item->getFields().first().setCaption(QStringLiteral("changed"));
+    QCOMPARE(fieldsOf(catalog, shortText, bothProfiles + QStringList(QStringLiteral("R"))),
+             QStringLiteral("B.P=X,host\nB.Q=changed,host\nB.R=host"));
 }
 
 QTEST_GUILESS_MAIN(InputFieldsTest)
