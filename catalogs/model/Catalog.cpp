@@ -34,6 +34,11 @@ Catalog::~Catalog()
         if (item && item->catalog() == this)
             item->setCatalog(nullptr);
     }
+    // The root goes last. So nearly all items go with it, branch by branch, which is how they lie in memory;
+    // the order of the tables would jump about in it and take half as long again.
+    const QSharedPointer<CatalogItem> root = m_items.value(QString());
+    m_itemsByCode.clear();
+    m_items.clear();
 }
 
 void Catalog::setStatus(CatalogStatus status)
