@@ -89,7 +89,8 @@ void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const Li
     const QHash<QString, QSharedPointer<CatalogItem>> &items = catalog.getCatalogItems();
     const Appearances appearances = appearancesOf(parser);
     const CatalogParserParameter noParameter;
-    for (const CatalogParserParamExtended &extension : parser.m_parameterExtensions) {
+    for (const CatalogParserParamExtended *extensionInFile : parser.parameterExtensionsInFileOrder()) {
+        const CatalogParserParamExtended &extension = *extensionInFile;
         const QString &itemKey = extension.baseCodeFk.isEmpty() ? extension.charExtFk : extension.baseCodeFk;
         const auto item = items.constFind(itemKey);
         if (item == items.constEnd() || !*item) {

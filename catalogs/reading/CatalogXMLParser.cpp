@@ -491,7 +491,11 @@ bool CatalogXMLParser::readParameterExtension()
     if (!readFields(*m_reader, &CCatalogTokenizer::stringToParameterExtensionToken, store)
         || !accepts("PARAMX", {{"PX_PK", key}}))
         return false;
-    m_parameterExtensions[key] = std::move(extension);
+    const int earlierKeys = m_parameterExtensions.size();
+    CatalogParserParamExtended &place = m_parameterExtensions[key];
+    place = std::move(extension);
+    if (m_parameterExtensions.size() > earlierKeys)
+        m_parameterExtensionsInFileOrder.push_back(&place);
     return true;
 }
 

@@ -13,6 +13,7 @@
 
 #include <initializer_list>
 #include <memory>
+#include <vector>
 
 class QFile;
 class QXmlStreamReader;
@@ -55,6 +56,13 @@ public:
 
     /// Why the last `readFile` gave false; its reason is `None` before the first call and after a success.
     const CatalogReadFailure &failure() const { return m_failure; }
+
+    /// The records of `m_parameterExtensions` in the order in which their keys first came in the file: as they
+    /// lie in memory, and not at random. Valid until `m_parameterExtensions` changes.
+    const std::vector<const CatalogParserParamExtended *> &parameterExtensionsInFileOrder() const
+    {
+        return m_parameterExtensionsInFileOrder;
+    }
 
     /// `CATPRO` records in file order.
     QList<CatalogParserProfile> m_profiles;
@@ -106,6 +114,7 @@ private:
     std::unique_ptr<QXmlStreamReader> m_reader;
     std::unique_ptr<TextPool> m_texts;
     CatalogReadFailure m_failure;
+    std::vector<const CatalogParserParamExtended *> m_parameterExtensionsInFileOrder;
 };
 
 } // namespace Orvida::Catalogs
