@@ -55,6 +55,7 @@ void Catalog::setContinousDefectCodes(const QString &profile, const QHash<QStrin
 
 void Catalog::buildRelations()
 {
+    findParents();
     rememberLoops();
     for (const QSharedPointer<CatalogItem> &item : std::as_const(m_items)) {
         if (!item)
@@ -64,8 +65,8 @@ void Catalog::buildRelations()
             m_itemsByCode.insert(item->code(), item);
             continue;
         }
-        if (const auto *parent = parentOf(*item))
-            (*parent)->addChildItem(item);
+        if (item->m_parent)
+            (*item->m_parent)->addChildItem(item);
         else
             reportOrphan(*item, m_catalogId);
         if (!item->code().isEmpty())
@@ -73,11 +74,16 @@ void Catalog::buildRelations()
     }
 }
 
-// The parent's place in the table, or null when there is no such item.
-const QSharedPointer<CatalogItem> *Catalog::parentOf(const CatalogItem &item) const
+// Looks every parent up once for the steps that follow: in a large table, each look-up waits for memory.
+void Catalog::findParents()
 {
-    const auto parent = m_items.constFind(item.parentId());
-    return parent == m_items.constEnd() || !*parent ? nullptr : &*parent;
+    for (const QSharedPointer<CatalogItem> &item : std::as_const(m_items)) {
+        if (!item)
+            continue;
+        const auto parent = m_items.constFind(item->parentId());
+        item->m_parent = parent == m_items.constEnd() || !*parent ? nullptr : &*parent;
+        item->m_ancestorWalk = 0;
+    }
 }
 
 // The first item with a code answers for it, until a child of that item has the same code.
@@ -89,24 +95,20 @@ void Catalog::registerCode(const QSharedPointer<CatalogItem> &item)
 }
 
 // Items on a parent loop hold each other and would outlive the catalog for good, so each loop is cut in one
-// place when the catalog goes. The places are found before anything is linked, because looking for them takes
+// place when the catalog goes. The places are found before anything is linked, because remembering them takes
 // memory, and there may be none any more in the middle of linking or in the destructor. Every item is walked
 // over once: each walk goes up from an item until it meets the root, an orphan or an item that was walked
 // over before, and it has found a loop when that is one of its own. Links of an earlier call stay remembered,
 // as they are still there.
 void Catalog::rememberLoops()
 {
-    for (const QSharedPointer<CatalogItem> &item : std::as_const(m_items)) {
-        if (item)
-            item->m_ancestorWalk = 0;
-    }
     int walk = 0;
     for (const QSharedPointer<CatalogItem> &start : std::as_const(m_items)) {
         ++walk;
         const QSharedPointer<CatalogItem> *item = start ? &start : nullptr;
         while (item && (*item)->m_ancestorWalk == 0 && !(*item)->id().isEmpty()) {
             (*item)->m_ancestorWalk = walk;
-            const QSharedPointer<CatalogItem> *parent = parentOf(**item);
+            const QSharedPointer<CatalogItem> *const parent = (*item)->m_parent;
             if (parent && (*parent)->m_ancestorWalk == walk)
                 m_loopLinks.append({*parent, *item});
             item = parent;

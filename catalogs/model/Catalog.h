@@ -84,7 +84,7 @@ public:
 private:
     using ItemTable = QHash<QString, QSharedPointer<CatalogItem>>;
 
-    const QSharedPointer<CatalogItem> *parentOf(const CatalogItem &item) const;
+    void findParents();
     void registerCode(const QSharedPointer<CatalogItem> &item);
     void rememberLoops();
     void cutLoops();

@@ -155,7 +155,9 @@ private:
     QSet<QString> m_sortedProfiles;
     // What an item without a catalog hands out; empty.
     QList<CatalogInputField> m_noFields;
-    // The catalog's own mark while it looks for parent loops.
+    // The catalog's own notes while it links its items: the parent's place in its table, and a mark against
+    // parent loops.
+    const QSharedPointer<CatalogItem> *m_parent = nullptr;
     int m_ancestorWalk = 0;
 };
 
