@@ -1,6 +1,6 @@
 #include "catalogs/model/Catalog.h"
 
-#include <QTextStream>
+#include <QByteArray>
 
 #include <cstdio>
 #include <new>
@@ -11,15 +11,16 @@ namespace Orvida::Catalogs {
 namespace {
 
 // Written to standard output, where catalog authors look for it, and flushed at once, so that it keeps its
-// place among what the host writes there.
+// place among what the host writes there. Not by a QTextStream, which crashes when its constructor runs out
+// of memory.
 void reportOrphan(const CatalogItem &item, const QString &catalogId)
 {
-    QTextStream out(stdout);
-    out.setCodec("UTF-8");
-    out << QStringLiteral("Parent of item: ") + item.caption() + QStringLiteral(" not found!\n")
-               + QStringLiteral("Item id: ") + item.id() + QStringLiteral("\n")
-               + QStringLiteral("Catalog id: ") + catalogId + QStringLiteral("\n");
-    out.flush();
+    const QString report = QStringLiteral("Parent of item: ") + item.caption()
+                           + QStringLiteral(" not found!\nItem id: ") + item.id()
+                           + QStringLiteral("\nCatalog id: ") + catalogId + QLatin1Char('\n');
+    const QByteArray bytes = report.toUtf8();
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+    std::fflush(stdout);
 }
 
 } // namespace
