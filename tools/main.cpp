@@ -100,9 +100,7 @@ CLI::App *addJson(CLI::App &app, JsonOptions &options)
     return command;
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+int run(int argc, char **argv)
 {
     useUtf8();
     CLI::App app("Looks into the coding catalogs of inspection standards.", "orvida-catalog");
@@ -120,6 +118,15 @@ int main(int argc, char **argv)
         return showCommand->parsed() ? show(showOptions) : json(jsonOptions);
     } catch (const CLI::ParseError &error) {
         return endWithoutRunning(app, error);
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    try {
+        return run(argc, argv);
     } catch (const std::bad_alloc &) {
         std::cerr << "orvida-catalog: error: not enough memory for this catalog\n";
         return NotReadable;

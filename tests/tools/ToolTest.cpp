@@ -87,6 +87,7 @@ private Q_SLOTS:
     void findsNoFaultInTheSample();
     void drawsADeepChainInBoundedSpace();
     void reportsWhatCannotBeWritten();
+    void reportsALackOfMemory();
 
 private:
     CatalogFolder m_folder;
@@ -354,6 +355,23 @@ void ToolTest::reportsWhatCannotBeWritten()
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitCode(), 2);
     QVERIFY(process.readAllStandardError().contains("cannot write to standard output"));
+}
+
+void ToolTest::reportsALackOfMemory()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("a sanitizer takes more address space than any limit would leave it");
+#endif
+    const QByteArray content =
+        catalogXml("<CLASS>" + field("CLASS_PK", QString(40 << 20, QLatin1Char('x'))) + "</CLASS>");
+    QProcess process;
+    process.start(text("sh"), {text("-c"), text("ulimit -v 200000 && exec \"$0\" show \"$1\""),
+                               text(ORVIDA_CATALOG_TOOL), m_folder.write(text("large.xml"), content)});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 2);
+    QCOMPARE(process.readAllStandardError(),
+             QByteArray("orvida-catalog: error: not enough memory for this catalog\n"));
 }
 
 QTEST_GUILESS_MAIN(ToolTest)
