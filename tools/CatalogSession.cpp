@@ -3,17 +3,36 @@
 #include "catalogs/access/CatalogConfigData.h"
 #include "catalogs/access/CatalogManager.h"
 #include "tools/LoadFailureText.h"
+#include "tools/OutputStyle.h"
 #include "tools/StandardOutputDiversion.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
+#include <QXmlStreamReader>
 
 #include <cstdio>
+
+#include <sys/stat.h>
 
 namespace Orvida::Tools {
 
 using Catalogs::CatalogManager;
+
+namespace {
+
+// Whether no well-formed XML can begin like this, whatever follows. An error near its end may come from
+// where it was cut.
+bool isMalformed(const QByteArray &beginning)
+{
+    QXmlStreamReader reader(beginning);
+    while (!reader.atEnd())
+        reader.readNext();
+    return reader.hasError() && reader.error() != QXmlStreamReader::PrematureEndOfDocumentError
+           && reader.characterOffset() < beginning.size() / 8;
+}
+
+} // namespace
 
 CatalogSession::CatalogSession(const QString &fileName) : m_fileName(fileName), m_path(fileName)
 {
@@ -28,13 +47,13 @@ CatalogSession::~CatalogSession()
 Catalogs::CatalogSptr CatalogSession::load()
 {
     const StandardOutputDiversion diversion;
-    if (m_fileName == QLatin1String("-") && !readStandardInput())
+    if (isPipe() && !copyPipe())
         return {};
     Catalogs::CatalogSptr catalog = CatalogManager::instance()->getCatalog(m_fileName);
     if (catalog->IsValid())
         return catalog;
     // The manager only tells that a load failed. Reading the file once more tells why.
-    const QString name = m_standardInput ? displayName() : m_fileName;
+    const QString name = isStandardInput() ? displayName() : m_fileName;
     if (!readRecords())
         std::fputs(loadFailureText(name, m_records->failure()).toUtf8().constData(), stderr);
     return {};
@@ -76,7 +95,7 @@ QStringList CatalogSession::profiles()
 
 QString CatalogSession::displayName() const
 {
-    if (m_fileName == QLatin1String("-"))
+    if (isStandardInput())
         return QStringLiteral("<standard input>");
     return QFileInfo(m_fileName).fileName();
 }
@@ -86,22 +105,38 @@ QString CatalogSession::getCatalogFileName(const QString &) const
     return m_path;
 }
 
-// The catalog and its style are read in two passes, and a pipe can be read only once.
-bool CatalogSession::readStandardInput()
+bool CatalogSession::isStandardInput() const
 {
-    m_standardInput = std::make_unique<QTemporaryFile>();
-    QFile input;
-    bool isCopied = m_standardInput->open() && input.open(stdin, QIODevice::ReadOnly);
-    while (isCopied && !input.atEnd()) {
+    return m_fileName == QLatin1String("-");
+}
+
+bool CatalogSession::isPipe() const
+{
+    struct stat status;
+    return isStandardInput()
+           || (stat(QFile::encodeName(m_fileName).constData(), &status) == 0 && S_ISFIFO(status.st_mode));
+}
+
+// The catalog and its style are read in two passes, and a pipe can be read only once. What may have no end,
+// such as a device, is not copied further than it takes to see that it is no catalog.
+bool CatalogSession::copyPipe()
+{
+    m_copy = std::make_unique<QTemporaryFile>();
+    QFile input(m_fileName);
+    bool isCopied =
+        m_copy->open()
+        && (isStandardInput() ? input.open(stdin, QIODevice::ReadOnly) : input.open(QIODevice::ReadOnly));
+    while (isCopied) {
         const QByteArray block = input.read(1 << 20);
-        isCopied = input.error() == QFileDevice::NoError && m_standardInput->write(block) == block.size();
-        if (block.isEmpty())
+        isCopied = input.error() == QFileDevice::NoError && m_copy->write(block) == block.size();
+        if (block.isEmpty() || (m_copy->pos() == block.size() && isMalformed(block)))
             break;
     }
-    isCopied = isCopied && m_standardInput->flush();
+    isCopied = isCopied && m_copy->flush();
     if (!isCopied)
-        std::fputs("orvida-catalog: error: cannot read standard input\n", stderr);
-    m_path = m_standardInput->fileName();
+        std::fprintf(stderr, "orvida-catalog: error: cannot read %s\n",
+                     qUtf8Printable(OutputStyle::singleLine(displayName())));
+    m_path = m_copy->fileName();
     return isCopied;
 }
 

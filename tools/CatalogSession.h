@@ -46,12 +46,14 @@ public:
 
 private:
     QString getCatalogFileName(const QString &catalogId) const override;
-    bool readStandardInput();
+    bool isStandardInput() const;
+    bool isPipe() const;
+    bool copyPipe();
     bool readRecords();
 
     const QString m_fileName;
     QString m_path;
-    std::unique_ptr<QTemporaryFile> m_standardInput;
+    std::unique_ptr<QTemporaryFile> m_copy; // of a pipe
     std::unique_ptr<Catalogs::CatalogXMLParser> m_records;
 };
 

@@ -76,7 +76,7 @@ private Q_SLOTS:
     void saysWhatIsWrongAndWhere();
     void printsTheTreeTheSameForEverySeedAndLocale_data();
     void printsTheTreeTheSameForEverySeedAndLocale();
-    void readsStandardInput();
+    void readsPipes();
     void keepsTheLibrarysOwnOutputOffStandardOutput();
     void warnsOfACatalogWithoutCodes();
     void colorsOnlyWhenAsked();
@@ -211,15 +211,23 @@ void ToolTest::printsTheTreeTheSameForEverySeedAndLocale()
     QCOMPARE(result.output, smallTree);
 }
 
-void ToolTest::readsStandardInput()
+// A pipe is read once, by whichever name, and only as far as it is XML: /dev/zero has no end.
+void ToolTest::readsPipes()
 {
-    const Run tree = run({text("show"), text("-")}, {}, smallCatalog());
-    QCOMPARE(tree.output,
-             QString(smallTree).replace(QLatin1String("small.xml"), QLatin1String("<standard input>")));
+    for (const auto &[name, shown] : {std::pair{"-", "<standard input>"}, {"/dev/stdin", "stdin"}}) {
+        QCOMPARE(run({text("show"), text(name)}, {}, smallCatalog()).output,
+                 QString(smallTree).replace(QLatin1String("small.xml"), QLatin1String(shown)));
+    }
     const Run broken = run({text("json"), text("-")}, {}, "<OVCAT>");
     QCOMPARE(broken.exitStatus, 2);
     QVERIFY2(broken.messages.startsWith(QLatin1String("<standard input>:1:8: error:")),
              qPrintable(broken.messages));
+    QProcess endless;
+    endless.start(text("sh"), {text("-c"), text("ulimit -f 100000 && exec \"$0\" show - < /dev/zero"),
+                               text(ORVIDA_CATALOG_TOOL)});
+    QVERIFY(endless.waitForFinished());
+    QCOMPARE(endless.exitCode(), 2);
+    QVERIFY(endless.readAllStandardError().startsWith("<standard input>:1:2: error: not well-formed"));
 }
 
 void ToolTest::keepsTheLibrarysOwnOutputOffStandardOutput()
