@@ -1,33 +1,39 @@
 // Fuzz target: any bytes as a catalog file. Loads it, walks everything that a host can reach, and drops it.
 #include "catalogs/building/CatalogLoader.h"
+#include "catalogs/reading/CatalogXMLParser.h"
+#include "fuzz/MemoryFile.h"
+#include "support/CatalogWalk.h"
 
 #include <QSet>
-
-#include <cstddef>
-#include <cstdint>
-#include <cstdio>
-#include <sys/mman.h>
-#include <unistd.h>
+#include <QWeakPointer>
 
 using namespace Orvida::Catalogs;
+using Orvida::Fuzz::stopAt;
 
 namespace {
 
-void walk(const CatalogSptr &catalog)
+// The catalog's own profile first, then those that anything is filed under.
+QStringList profilesOf(const CatalogXMLParser &parser, const QString &current)
 {
-    catalog->getContinousDefectCodes();
-    QSet<CatalogItem *> seen;
-    QList<QSharedPointer<CatalogItem>> waiting = catalog->getCatalogItems().values();
-    while (!waiting.isEmpty()) {
-        const QSharedPointer<CatalogItem> item = waiting.takeLast();
-        if (seen.contains(item.data()))
-            continue;
-        seen.insert(item.data());
-        catalog->getItem(item->code());
-        for (const CatalogInputField &field : item->getFields())
-            field.itemList();
-        waiting += item->getChildItems();
+    QSet<QString> profiles;
+    for (const CatalogParserProfile &profile : parser.m_profiles)
+        profiles.insert(profile.pk);
+    for (const CatalogParserListClass &listClass : parser.m_listClasses)
+        profiles.insert(listClass.profileFk);
+    for (const QList<CatalogParserColumn> &columns : parser.m_columns) {
+        for (const CatalogParserColumn &column : columns)
+            profiles.insert(column.profileFk);
     }
+    profiles.remove(current);
+    return QStringList(current) + profiles.values();
+}
+
+// Two readings of one file do not differ, and a failure has a reason.
+QString faultOfReading(const CatalogXMLParser &parser, bool isRead, const Catalog &catalog)
+{
+    if (isRead != catalog.IsValid() || isRead != (parser.failure().reason == CatalogReadFailure::None))
+        return QStringLiteral("reading and loading differ, or a failure has no reason");
+    return QString();
 }
 
 } // namespace
@@ -40,12 +46,19 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    static const int file = memfd_create("catalog", 0);
-    static const QString path = QStringLiteral("/proc/self/fd/%1").arg(file);
-    if (ftruncate(file, 0) != 0 || pwrite(file, data, size, 0) != static_cast<ssize_t>(size))
-        return 0;
-    const CatalogSptr catalog = CatalogLoader().loadCatalog(path, QStringLiteral("fuzz"));
-    if (catalog->IsValid())
-        walk(catalog);
+    const QString path = Orvida::Fuzz::pathOfBytes(data, size);
+    CatalogSptr catalog = CatalogLoader().loadCatalog(path, QStringLiteral("fuzz"));
+    CatalogXMLParser parser;
+    QHash<QString, QSharedPointer<CatalogItem>> items;
+    const bool isRead = parser.readFile(path, items);
+    stopAt(faultOfReading(parser, isRead, *catalog));
+    stopAt(Orvida::Tests::faultOf(*catalog, profilesOf(parser, catalog->profile())));
+
+    QList<QWeakPointer<CatalogItem>> loaded;
+    for (const auto &item : qAsConst(catalog->getCatalogItems()))
+        loaded.append(item);
+    catalog.reset();
+    for (const auto &item : qAsConst(loaded))
+        stopAt(item ? QStringLiteral("an item outlives its catalog") : QString());
     return 0;
 }
