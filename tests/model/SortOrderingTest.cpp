@@ -32,6 +32,16 @@ Numbers ordered(const Numbers &sortOrders)
     return places.toVector();
 }
 
+// The same for a list that was costly from its start.
+Numbers orderedBySearch(const Numbers &sortOrders)
+{
+    QList<int> places = numbersUpTo(sortOrders.size()).toList();
+    const auto sortOrderOf = [&sortOrders](int place) { return sortOrders.at(place); };
+    Orvida::Catalogs::SortOrdering<int, decltype(sortOrderOf)>(places, sortOrderOf, 0)
+        .order(0, places.size());
+    return places.toVector();
+}
+
 template <typename LessThan>
 Numbers orderedByQt(int count, LessThan lessThan)
 {
@@ -72,6 +82,7 @@ class SortOrderingTest : public QObject
 private Q_SLOTS:
     void ordersOnASmallStack_data();
     void ordersOnASmallStack();
+    void looksSeldomAtWorstCases();
     void ordersRandomListsAsQt();
 };
 
@@ -99,6 +110,21 @@ void SortOrderingTest::ordersOnASmallStack()
     QTEST(places, "places");
 }
 
+// Looking at each element of each part would take 18 million looks.
+void SortOrderingTest::looksSeldomAtWorstCases()
+{
+    for (const int step : {1, -1}) {
+        const Numbers sortOrders = worstCase(6000, step);
+        int looks = 0;
+        QList<int> places = numbersUpTo(sortOrders.size()).toList();
+        Orvida::Catalogs::orderBySortOrder(places, [&](int place) {
+            ++looks;
+            return sortOrders.at(place);
+        });
+        QVERIFY2(looks < 2000000, qPrintable(QString::number(looks)));
+    }
+}
+
 void SortOrderingTest::ordersRandomListsAsQt()
 {
     // Not std::uniform_int_distribution, which differs between standard libraries.
@@ -108,6 +134,7 @@ void SortOrderingTest::ordersRandomListsAsQt()
         for (int &sortOrder : sortOrders)
             sortOrder = static_cast<int>(random() / 2) % (1 + list % 50) - 5;
         QCOMPARE(ordered(sortOrders), orderedByQt(sortOrders));
+        QCOMPARE(orderedBySearch(sortOrders), orderedByQt(sortOrders));
     }
 }
 
