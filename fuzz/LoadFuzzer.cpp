@@ -7,6 +7,8 @@
 #include <QSet>
 #include <QWeakPointer>
 
+#include <algorithm>
+
 using namespace Orvida::Catalogs;
 using Orvida::Fuzz::stopAt;
 
@@ -36,6 +38,28 @@ QString faultOfReading(const CatalogXMLParser &parser, bool isRead, const Catalo
     return QString();
 }
 
+// Each extension of an item has one field for each profile that its column is in.
+QString faultOfFieldCount(const CatalogXMLParser &parser, Catalog &catalog, const QStringList &profiles)
+{
+    const QHash<QString, QSharedPointer<CatalogItem>> items = catalog.getCatalogItems();
+    for (const QString &profile : profiles) {
+        int expected = 0;
+        for (const CatalogParserParamExtended &extension : parser.m_parameterExtensions) {
+            const auto columns = parser.m_columns.value(extension.columnId);
+            expected +=
+                items.contains(extension.baseCodeFk.isEmpty() ? extension.charExtFk : extension.baseCodeFk)
+                && std::any_of(columns.begin(), columns.end(),
+                               [&profile](const auto &column) { return column.profileFk == profile; });
+        }
+        catalog.setProfile(profile);
+        for (const auto &item : items)
+            expected -= item->getFields().size();
+        if (expected != 0)
+            return QStringLiteral("%1 fields too few in profile %2").arg(expected).arg(profile);
+    }
+    return QString();
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerInitialize(int *, char ***)
@@ -52,7 +76,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     QHash<QString, QSharedPointer<CatalogItem>> items;
     const bool isRead = parser.readFile(path, items);
     stopAt(faultOfReading(parser, isRead, *catalog));
-    stopAt(Orvida::Tests::faultOf(*catalog, profilesOf(parser, catalog->profile())));
+    const QStringList profiles = profilesOf(parser, catalog->profile());
+    stopAt(Orvida::Tests::faultOf(*catalog, profiles));
+    if (catalog->IsValid())
+        stopAt(faultOfFieldCount(parser, *catalog, profiles));
 
     QList<QWeakPointer<CatalogItem>> loaded;
     for (const auto &item : qAsConst(catalog->getCatalogItems()))
