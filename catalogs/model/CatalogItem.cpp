@@ -77,7 +77,7 @@ const QList<QSharedPointer<CatalogItem>> &CatalogItem::getChildItems()
 
 void CatalogItem::addField(const QString &profile, const CatalogInputField &field)
 {
-    fieldsOf(profile).append(field);
+    fieldsOf(profile).fields.append(field);
 }
 
 void CatalogItem::addFields(FieldTemplate field)
@@ -91,25 +91,23 @@ QList<CatalogInputField> &CatalogItem::getFields()
         m_noFields.clear();
         return m_noFields;
     }
-    const QString profile = m_catalog->profile();
-    QList<CatalogInputField> &fields = fieldsOf(profile);
-    if (!m_sortedProfiles.contains(profile)) {
-        // Noted first: if there is no memory for that, the fields are still as they were added.
-        m_sortedProfiles.insert(profile);
-        orderBySortOrder(fields, sortOrderOfField);
+    ProfileFields &asked = fieldsOf(m_catalog->profile());
+    if (!asked.isSorted) {
+        orderBySortOrder(asked.fields, sortOrderOfField);
+        asked.isSorted = true;
     }
-    return fields;
+    return asked.fields;
 }
 
-QList<CatalogInputField> &CatalogItem::fieldsOf(const QString &profile)
+CatalogItem::ProfileFields &CatalogItem::fieldsOf(const QString &profile)
 {
     const auto made = m_fields.find(profile);
     if (made != m_fields.end())
         return *made;
-    QList<CatalogInputField> fields;
+    ProfileFields result;
     for (const FieldTemplate &fieldTemplate : m_fieldTemplates)
-        fieldTemplate.appendTo(fields, profile);
-    return *m_fields.insert(profile, fields);
+        fieldTemplate.appendTo(result.fields, profile);
+    return *m_fields.insert(profile, result);
 }
 
 } // namespace Orvida::Catalogs

@@ -7,7 +7,6 @@
 #include <QFlags>
 #include <QHash>
 #include <QList>
-#include <QSet>
 #include <QSharedPointer>
 #include <QString>
 
@@ -126,7 +125,14 @@ public:
 private:
     friend class Catalog;
 
-    QList<CatalogInputField> &fieldsOf(const QString &profile);
+    // The fields of one profile, in the order in which they were added until they are ordered.
+    struct ProfileFields
+    {
+        QList<CatalogInputField> fields;
+        bool isSorted = false;
+    };
+
+    ProfileFields &fieldsOf(const QString &profile);
 
     QString m_id;
     QString m_parentId;
@@ -147,12 +153,9 @@ private:
     // In the order in which they were added, until the first getChildItems orders them.
     QList<QSharedPointer<CatalogItem>> m_childItems;
     std::vector<FieldTemplate> m_fieldTemplates;
-    // By profile key, for the profiles that were asked for; each list in the order in which it was added to,
-    // until its first getFields.
-    QHash<QString, QList<CatalogInputField>> m_fields;
+    // By profile key, for the profiles that were asked for.
+    QHash<QString, ProfileFields> m_fields;
     bool m_childItemsSorted = false;
-    // Keys of the profiles whose fields were ordered.
-    QSet<QString> m_sortedProfiles;
     // What an item without a catalog hands out; empty.
     QList<CatalogInputField> m_noFields;
     // The catalog's own notes while it links its items: the parent's place in its table, and a mark against
