@@ -16,6 +16,10 @@ endfunction()
 
 # A shared library of the product: hidden unless exported, soname with the major version, every symbol
 # resolved when it is linked (sanitizer runtimes resolve theirs in the executable).
+#
+# It stays in memory when a host closes it with dlclose(), and is taken down when the process ends. What it
+# hands out leads back into it: QStringLiteral texts, such as log messages, are its static data, and catalogs
+# are released and fields are called by its code. A host could not know when nothing of that is left.
 function(orvida_library_options target)
   orvida_target_options(${target})
   set_target_properties(${target} PROPERTIES
@@ -24,6 +28,7 @@ function(orvida_library_options target)
     INSTALL_RPATH $ORIGIN
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR})
+  target_link_options(${target} PRIVATE LINKER:-z,nodelete)
   if(NOT ORVIDA_SANITIZE AND NOT ORVIDA_FUZZ)
     target_link_options(${target} PRIVATE LINKER:--no-undefined)
   endif()
