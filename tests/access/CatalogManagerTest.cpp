@@ -8,8 +8,6 @@
 
 #include <chrono>
 #include <future>
-#include <stdexcept>
-#include <vector>
 
 using namespace std::chrono_literals;
 using namespace Orvida::Catalogs;
@@ -38,15 +36,6 @@ struct Signals
     QSignalSpy failed{&manager(), &CatalogManager::failedToLoadCatalog};
 };
 
-struct ThrowingProvider : FileTable
-{
-    QString getCatalogFileName(const QString &id) const override
-    {
-        return throws ? throw std::logic_error("no name") : FileTable::getCatalogFileName(id);
-    }
-    bool throws = false;
-};
-
 } // namespace
 
 // The manager lives as long as the process, so each test has identifiers of its own.
@@ -60,8 +49,6 @@ private Q_SLOTS:
     void triesAFailedCatalogAgain();
     void announcesBeforeItReturns_data();
     void announcesBeforeItReturns();
-    void freesItsLocksWhenTheHostThrows();
-    void servesManyThreads();
     void tellsWhether3DIsSupported_data();
     void tellsWhether3DIsSupported();
     void keepsItsFirstAnswerAbout3D();
@@ -150,54 +137,6 @@ void CatalogManagerTest::announcesBeforeItReturns()
     connect(&manager(), &CatalogManager::failedToLoadCatalog, &receiver, receive);
     QCOMPARE(manager().getCatalog(id)->IsValid(), isReady);
     QCOMPARE(announced, QStringList{id});
-}
-
-// With a lock still taken, the calls behind the first ones would never return.
-void CatalogManagerTest::freesItsLocksWhenTheHostThrows()
-{
-    ThrowingProvider files;
-    const QString id = text("throwing");
-    files.add(id, m_folder.write(id, catalogOf("-1")));
-    QObject receiver;
-    const auto refuse = [] { throw std::runtime_error("refused"); };
-    connect(&manager(), &CatalogManager::catalogReady, &receiver, refuse);
-    connect(&manager(), &CatalogManager::failedToLoadCatalog, &receiver, refuse);
-    files.throws = true;
-    QVERIFY_EXCEPTION_THROWN(manager().getCatalog(id), std::logic_error);
-    QVERIFY_EXCEPTION_THROWN(manager().is3DSupportedCatalog(id), std::logic_error);
-    files.throws = false;
-    QVERIFY_EXCEPTION_THROWN(manager().getCatalog(id), std::runtime_error);
-    QVERIFY_EXCEPTION_THROWN(manager().getCatalog(text("throwing failure")), std::runtime_error);
-    // This one was in the cache before its receivers ran.
-    QVERIFY(manager().getCatalog(id)->IsValid() && manager().is3DSupportedCatalog(id));
-}
-
-void CatalogManagerTest::servesManyThreads()
-{
-    FileTable files;
-    const Signals sent;
-    QStringList ids;
-    for (int number = 0; number < 40; ++number) {
-        ids.append(text("many %1").arg(number));
-        if (number % 4 > 0)
-            files.add(ids.last(), m_folder.write(ids.last(), catalogOf(number % 4 > 1 ? "-1" : "0")));
-    }
-    const auto answers = [&ids] {
-        QStringList found;
-        for (const QString &id : ids) {
-            const CatalogSptr catalog = manager().getCatalog(id);
-            const auto place = catalog->IsValid() ? quintptr(catalog.data()) : 0;
-            const bool is3DSupported = manager().is3DSupportedCatalog(id);
-            found.append(text("%1 %2 %3").arg(catalog->catalogId()).arg(place).arg(is3DSupported));
-        }
-        return found;
-    };
-    std::vector<std::future<QStringList>> threads;
-    for (int number = 0; number < 8; ++number)
-        threads.push_back(std::async(std::launch::async, answers));
-    for (auto &thread : threads)
-        QCOMPARE(thread.get(), answers());
-    QCOMPARE(sent.ready.count(), 30); // each was loaded once
 }
 
 void CatalogManagerTest::tellsWhether3DIsSupported_data()

@@ -1,0 +1,170 @@
+// Many threads on one library: each catalog is loaded once, everybody gets the same one, and every load is
+// announced. Runs under the thread sanitizer as well, see preset tsan.
+
+#include "catalogs/access/CatalogManager.h"
+#include "catalogs/building/CatalogLoader.h"
+
+#include "support/TestSupport.h"
+
+#include <QEventLoop>
+#include <QtTest>
+
+#include <future>
+#include <thread>
+#include <vector>
+
+using namespace Orvida::Catalogs;
+using namespace Orvida::Tests;
+
+namespace {
+
+constexpr int threadCount = 64;
+constexpr int catalogCount = 100;
+constexpr int entryCount = 3; // list entries of a catalog, each logged when it is made
+
+QByteArray catalogWithStyle(const QByteArray &style)
+{
+    return catalogXml("<CATALOG><CAT_Style>" + style + "</CAT_Style></CATALOG>" + recordsFrom(R"(
+        CATPRO PK=P
+        COL Profile_FK=P;Column_ID=C;DataType=TXT;Visible=true;Mandatory=false
+        LC PK=l;Profile_FK=P;Class_ID=L
+        LIST Class_FK=l;Item=a;Caption=a
+        LIST Class_FK=l;Item=b;Caption=b
+        LIST Class_FK=l;Item=c;Caption=c
+        CLASS PK=C
+        BASECODE PK=B;Class_FK=C;Code=BA
+        PARAM PK=X;ID=X;DataType=TXT
+        PARAMX PK=x;BaseCode_FK=B;Param_FK=X;Column_ID=C;ListClass_ID=L)"));
+}
+
+// Runs `task(0)` to `task(threadCount - 1)` on threads that start together, and gives their results.
+template <typename Task>
+auto onManyThreads(Task task)
+{
+    std::promise<void> start;
+    const std::shared_future<void> started(start.get_future());
+    std::vector<std::future<decltype(task(0))>> running;
+    running.reserve(threadCount);
+    for (int thread = 0; thread < threadCount; ++thread) {
+        running.push_back(std::async(std::launch::async, [=] {
+            started.wait();
+            return task(thread);
+        }));
+    }
+    start.set_value();
+    QVector<decltype(task(0))> results;
+    for (auto &result : running)
+        results.append(result.get());
+    return results;
+}
+
+} // namespace
+
+// Counts what arrives through queued connections, by identifier. These find the types of the parameters by
+// the names that the host registered.
+class Receiver : public QObject
+{
+    Q_OBJECT
+
+public:
+    Receiver()
+    {
+        CatalogManager *manager = CatalogManager::instance();
+        connect(manager, SIGNAL(catalogReady(CatalogSptr)), SLOT(countReady(CatalogSptr)));
+        connect(manager, SIGNAL(failedToLoadCatalog(Orvida::Base::GUID)),
+                SLOT(countFailed(Orvida::Base::GUID)));
+    }
+
+    QEventLoop loop;
+    QHash<QString, int> ready;
+    QHash<QString, int> failed;
+
+public Q_SLOTS:
+    void countReady(CatalogSptr catalog)
+    {
+        ready[catalog->IsValid() ? catalog->catalogId() : QString()] += 1;
+    }
+    void countFailed(Orvida::Base::GUID id) { failed[id] += 1; }
+    void finish() { loop.quit(); }
+};
+
+class ThreadsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void makeOneManager();
+    void loadEachCatalogOnce();
+};
+
+// Stands first: nobody has asked for the manager yet.
+void ThreadsTest::makeOneManager()
+{
+    const auto managers = onManyThreads([](int) { return CatalogManager::instance(); });
+    QCOMPARE(managers, QVector<CatalogManager *>(threadCount, CatalogManager::instance()));
+}
+
+// A quarter of the catalogs has no file and a quarter's file is cut off; half of the others support 3D.
+// Every thread reads a file with a loader of its own, asks for all styles and then for all catalogs,
+// beginning with another one each. The lock of the loads would hide a race in what comes before them.
+void ThreadsTest::loadEachCatalogOnce()
+{
+    qRegisterMetaType<CatalogSptr>("CatalogSptr");
+    qRegisterMetaType<Orvida::Base::GUID>("Orvida::Base::GUID");
+    const CatalogFolder folder;
+    FileTable files;
+    QStringList ids;
+    for (int number = 0; number < catalogCount; ++number) {
+        ids.append(QString::number(number));
+        const QByteArray content = catalogWithStyle(number % 4 == 1 ? "-1" : "0");
+        if (number % 4 < 3)
+            files.add(ids.last(), folder.write(ids.last(), content.chopped(number % 4 == 2 ? 3 : 0)));
+    }
+    const LogCapture log;
+    std::promise<Receiver *> connected;
+    auto received = std::async(std::launch::async, [&connected] {
+        Receiver receiver;
+        connected.set_value(&receiver);
+        receiver.loop.exec();
+        return qMakePair(receiver.ready, receiver.failed);
+    });
+    Receiver *receiver = connected.get_future().get();
+
+    using Answers = QMap<int, QPair<const Catalog *, bool>>; // by number: the catalog, null when it failed
+    CatalogManager &manager = *CatalogManager::instance();
+    const auto answers = onManyThreads([&](int thread) {
+        const CatalogSptr own = CatalogLoader().loadCatalog(folder.path(ids.first()), QString());
+        const bool isWhole = own->getItem(text("BA"))->getFields().size() == 1;
+        Answers found = {{catalogCount, {nullptr, isWhole}}};
+        const auto numberAt = [thread](int step) { return (thread * 37 + step) % catalogCount; };
+        for (int step = 0; step < catalogCount; ++step)
+            found[numberAt(step)].second = manager.is3DSupportedCatalog(ids.at(numberAt(step)));
+        for (int step = 0; step < catalogCount; ++step) {
+            const CatalogSptr catalog = manager.getCatalog(ids.at(numberAt(step)));
+            found[numberAt(step)].first = catalog->IsValid() ? catalog.data() : nullptr;
+        }
+        return found;
+    });
+    // Comes behind all that was sent to the receiver before.
+    QMetaObject::invokeMethod(receiver, "finish", Qt::QueuedConnection);
+    const auto [ready, failed] = received.get();
+
+    Answers expected = {{catalogCount, {nullptr, true}}};
+    for (int number = 0; number < catalogCount; ++number) {
+        const bool isLoadable = number % 4 < 2;
+        const CatalogSptr catalog = manager.getCatalog(ids.at(number));
+        QCOMPARE(catalog->IsValid(), isLoadable);
+        // The style stands before the place where a file is cut off.
+        expected.insert(number, {isLoadable ? catalog.data() : nullptr, number % 4 == 1});
+        QCOMPARE(ready.value(ids.at(number)), isLoadable ? 1 : 0);
+        QCOMPARE(failed.value(ids.at(number)), isLoadable ? 0 : threadCount);
+    }
+    QCOMPARE(answers, QVector<Answers>(threadCount, expected));
+    QCOMPARE(ready.size() + failed.size(), catalogCount);
+    const int loads = catalogCount / 2 + threadCount;
+    QCOMPARE(log.messages().filter(text("Catalog item created")).size(), loads * entryCount);
+}
+
+QTEST_GUILESS_MAIN(ThreadsTest)
+
+#include "ThreadsTest.moc"
