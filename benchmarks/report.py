@@ -1,14 +1,15 @@
 #!/usr/bin/env python3
-"""Prints the ratios that matter from the JSON of one run of catalog-benchmarks: python3 report.py FILE"""
+"""Prints the ratios that matter from the JSON that catalog-benchmarks wrote: python3 report.py FILE..."""
 import json
 import sys
 
 MEDIANS = {}
-for run in json.load(open(sys.argv[1], encoding="utf-8"))["benchmarks"]:
-    if run.get("aggregate_name") == "median":
-        scale = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3}[run["time_unit"]]
-        key = "real_time" if "real_time" in run["run_name"] else "cpu_time"
-        MEDIANS[run["run_name"]] = run[key] * scale
+for name in sys.argv[1:]:
+    for run in json.load(open(name, encoding="utf-8"))["benchmarks"]:
+        if run.get("aggregate_name") == "median":
+            scale = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3}[run["time_unit"]]
+            key = "real_time" if "real_time" in run["run_name"] else "cpu_time"
+            MEDIANS[run["run_name"]] = run[key] * scale
 
 TEN = "10000000"
 RATIOS = [
@@ -16,6 +17,7 @@ RATIOS = [
     ("reading / bare pass", f"readFile/{TEN}", f"barePass/{TEN}", 1),
     ("load with log / whole load", f"loadCatalogWithLog/{TEN}", f"loadCatalog/{TEN}", 1),
     ("document tree / whole load", f"domCatalog/{TEN}", f"loadCatalog/{TEN}", 1),
+    ("first fields / whole load", f"firstFields/{TEN}", f"loadCatalog/{TEN}", 1),
     ("end of a catalog / whole load", f"endOfCatalog/{TEN}", f"loadCatalog/{TEN}", 1),
     ("pugixml parse / bare pass", f"pugixmlParse/{TEN}", f"barePass/{TEN}", 1),
     ("expat pass / bare pass", f"expatPass/{TEN}", f"barePass/{TEN}", 1),

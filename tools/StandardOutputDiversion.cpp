@@ -1,16 +1,22 @@
 #include "tools/StandardOutputDiversion.h"
 
-#include <cstdio>
+#include "tools/OutputStyle.h"
+
+#include <QFile>
+
+#include <new>
 #include <unistd.h>
 
 namespace Orvida::Tools {
 
-StandardOutputDiversion::StandardOutputDiversion()
+StandardOutputDiversion::StandardOutputDiversion() : m_diverted(std::tmpfile())
 {
     std::fflush(stdout);
     m_standardOutput = dup(STDOUT_FILENO);
-    // With either of them closed there is nothing to keep apart.
-    if (m_standardOutput >= 0 && dup2(STDERR_FILENO, STDOUT_FILENO) < 0) {
+    // Without a temporary file it goes straight to standard error. With either of the two closed there is
+    // nothing to keep apart.
+    const int target = m_diverted ? fileno(m_diverted) : STDERR_FILENO;
+    if (m_standardOutput >= 0 && dup2(target, STDOUT_FILENO) < 0) {
         close(m_standardOutput);
         m_standardOutput = -1;
     }
@@ -18,11 +24,35 @@ StandardOutputDiversion::StandardOutputDiversion()
 
 StandardOutputDiversion::~StandardOutputDiversion()
 {
-    if (m_standardOutput < 0)
+    if (m_standardOutput >= 0) {
+        std::fflush(stdout);
+        dup2(m_standardOutput, STDOUT_FILENO);
+        close(m_standardOutput);
+    }
+    if (!m_diverted)
         return;
-    std::fflush(stdout);
-    dup2(m_standardOutput, STDOUT_FILENO);
-    close(m_standardOutput);
+    try {
+        showDiverted();
+    } catch (const std::bad_alloc &) {
+        std::fputs("orvida-catalog: error: not enough memory to show all messages\n", stderr);
+    }
+    std::fclose(m_diverted);
+}
+
+void StandardOutputDiversion::showDiverted()
+{
+    std::rewind(m_diverted);
+    QFile diverted;
+    if (!diverted.open(m_diverted, QIODevice::ReadOnly))
+        return;
+    while (!diverted.atEnd()) {
+        QByteArray line = diverted.readLine();
+        if (line.endsWith('\n'))
+            line.chop(1);
+        std::fputs(
+            (OutputStyle::singleLine(QString::fromUtf8(line)) + QLatin1Char('\n')).toUtf8().constData(),
+            stderr);
+    }
 }
 
 } // namespace Orvida::Tools

@@ -3,10 +3,13 @@
 
 #include <QtGlobal>
 
+#include <cstdio>
+
 namespace Orvida::Tools {
 
-/// While it lives, what the process writes to standard output goes to standard error: the library reports
-/// orphans there, and the tool's output must hold only what was asked for.
+/// While it lives, what the process writes to standard output is kept; then it goes to standard error, made
+/// fit for a terminal. The library reports orphans there, with texts of the file, and the tool's output must
+/// hold only what was asked for.
 class StandardOutputDiversion
 {
 public:
@@ -15,6 +18,9 @@ public:
     Q_DISABLE_COPY(StandardOutputDiversion)
 
 private:
+    void showDiverted();
+
+    std::FILE *m_diverted;
     int m_standardOutput = -1;
 };
 

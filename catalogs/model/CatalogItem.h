@@ -149,19 +149,19 @@ private:
     int m_constructionType = 0;
     bool m_autoPicture = false;
     bool m_isVirtual = false;
+    bool m_childItemsSorted = false;
+    // The catalog's own mark against parent loops, while it links its items.
+    int m_ancestorWalk = 0;
     Catalog *m_catalog = nullptr;
     // In the order in which they were added, until the first getChildItems orders them.
     QList<QSharedPointer<CatalogItem>> m_childItems;
     std::vector<FieldTemplate> m_fieldTemplates;
     // By profile key, for the profiles that were asked for.
     QHash<QString, ProfileFields> m_fields;
-    bool m_childItemsSorted = false;
     // What an item without a catalog hands out; empty.
     QList<CatalogInputField> m_noFields;
-    // The catalog's own notes while it links its items: the parent's place in its table, and a mark against
-    // parent loops.
+    // The parent's place in the catalog's table, of use only while the catalog links its items.
     const QSharedPointer<CatalogItem> *m_parent = nullptr;
-    int m_ancestorWalk = 0;
 };
 
 } // namespace Orvida::Catalogs

@@ -122,7 +122,7 @@ QByteArray worstChildren(int count)
 
 QByteArray worstFields(int count)
 {
-    const Numbers sortOrders = inHashOrder(smallestPivots(count), {});
+    const Numbers sortOrders = smallestPivots(count);
     return catalogOf(
         count,
         [&](int number) {
