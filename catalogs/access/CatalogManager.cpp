@@ -6,22 +6,35 @@
 
 #include <QMutexLocker>
 
+#include <atomic>
+
 namespace Orvida::Catalogs {
 
 namespace {
 
 constexpr qint64 styleSupports3D = Q_INT64_C(0x80000000);
 
+// Whether the manager has been destroyed, at the end of the process.
+std::atomic<bool> hasEnded = false;
+
 } // namespace
 
 CatalogManager::CatalogManager() = default;
 
-CatalogManager::~CatalogManager() = default;
+CatalogManager::~CatalogManager()
+{
+    hasEnded = true;
+}
 
 CatalogManager *CatalogManager::instance()
 {
     static CatalogManager manager;
-    return &manager;
+    if (!hasEnded)
+        return &manager;
+    // For static objects of the host that are destroyed after the manager. Nothing would destroy this one in
+    // time, so nothing does.
+    static CatalogManager *const lateManager = new CatalogManager;
+    return lateManager;
 }
 
 QString CatalogManager::findFileNameById(const QString &catalogId)

@@ -23,8 +23,9 @@ class ORVIDA_CATALOGS_EXPORT CatalogManager : public QObject
     Q_OBJECT
 
 public:
-    /// The one manager; made on the first call, destroyed at process exit, or when the library is
-    /// unloaded, and never by the host.
+    /// The one manager; made on the first call, destroyed at process exit, and never by the host. Static
+    /// objects of the host that are destroyed still later get another one, with an empty cache and without
+    /// receivers.
     static CatalogManager *instance();
 
     /// The full path (not only the name) of the file of the catalog `catalogId`, as

@@ -30,6 +30,9 @@ struct Keeper
     {
         check(hasUserGone && !released, "the manager has not released its catalogs");
         check(kept->getItemById(QString())->getChildItems().size() == 1, "the kept catalog is not whole");
+        CatalogManager *manager = CatalogManager::instance();
+        check(!manager->getCatalog(text("no file"))->IsValid(), "a catalog without a file is loaded");
+        check(!manager->is3DSupportedCatalog(text("no file")), "a style without a file is read");
     }
     CatalogSptr kept;
     QWeakPointer<Catalog> released;
