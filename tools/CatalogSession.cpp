@@ -133,9 +133,11 @@ bool CatalogSession::copyPipe()
             break;
     }
     isCopied = isCopied && m_copy->flush();
-    if (!isCopied)
-        std::fprintf(stderr, "orvida-catalog: error: cannot read %s\n",
-                     qUtf8Printable(OutputStyle::singleLine(displayName())));
+    if (!isCopied) {
+        const QFileDevice &failed = input.error() != QFileDevice::NoError ? input : *m_copy;
+        const QString message = QStringLiteral("cannot read %1: %2").arg(displayName(), failed.errorString());
+        std::fprintf(stderr, "orvida-catalog: error: %s\n", qUtf8Printable(OutputStyle::singleLine(message)));
+    }
     m_path = m_copy->fileName();
     return isCopied;
 }

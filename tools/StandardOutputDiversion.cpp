@@ -5,16 +5,17 @@
 #include <QFile>
 
 #include <new>
+#include <sys/mman.h>
 #include <unistd.h>
 
 namespace Orvida::Tools {
 
-StandardOutputDiversion::StandardOutputDiversion() : m_diverted(std::tmpfile())
+// In memory, where there is room when no folder can be written to.
+StandardOutputDiversion::StandardOutputDiversion() : m_diverted(fdopen(memfd_create("diverted", 0), "w+"))
 {
     std::fflush(stdout);
     m_standardOutput = dup(STDOUT_FILENO);
-    // Without a temporary file it goes straight to standard error. With either of the two closed there is
-    // nothing to keep apart.
+    // Without memory for it, all goes straight to standard error.
     const int target = m_diverted ? fileno(m_diverted) : STDERR_FILENO;
     if (m_standardOutput >= 0 && dup2(target, STDOUT_FILENO) < 0) {
         close(m_standardOutput);

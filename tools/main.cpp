@@ -12,6 +12,9 @@
 #include <new>
 #include <string>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace {
 
 using namespace Orvida::Tools;
@@ -20,6 +23,16 @@ using namespace Orvida::Tools;
 void useUtf8()
 {
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+}
+
+// A file that is opened takes the place of a closed descriptor, and what is meant for standard error would go
+// into it. So each closed one is opened in the direction in which nothing uses it: its use still fails.
+void occupyClosedDescriptors()
+{
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(descriptor, F_GETFD) < 0)
+            open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
 }
 
 const std::map<std::string, ColorChoice> colorChoices = {
@@ -125,6 +138,7 @@ int run(int argc, char **argv)
 
 int main(int argc, char **argv)
 {
+    occupyClosedDescriptors();
     try {
         return run(argc, argv);
     } catch (const std::bad_alloc &) {

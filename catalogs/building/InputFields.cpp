@@ -103,8 +103,8 @@ void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const Li
             continue;
         const auto parameter = parser.m_parameters.constFind(extension.paramFk);
         const bool hasParameter = parameter != parser.m_parameters.constEnd();
-        (*item)->addFields({commonField(extension, hasParameter ? *parameter : noParameter),
-                            *appearancesOfColumn, lists.value(extension.listClassId)});
+        (*item)->addFieldTemplate({commonField(extension, hasParameter ? *parameter : noParameter),
+                                   *appearancesOfColumn, lists.value(extension.listClassId)});
     }
 }
 

@@ -5,8 +5,8 @@
 
 namespace Orvida::Catalogs {
 
-/// Builds one field per parameter extension and profile, and adds it to the extension's item under that
-/// profile. An extension whose item is not in `catalog` is logged and passed over.
+/// Fills one field per parameter extension and adds it to the extension's item, for all profiles that have
+/// the extension's column. An extension whose item is not in `catalog` is logged and passed over.
 void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const ListLookup &lists);
 
 } // namespace Orvida::Catalogs

@@ -80,9 +80,10 @@ void CatalogItem::addField(const QString &profile, const CatalogInputField &fiel
     fieldsOf(profile).fields.append(field);
 }
 
-void CatalogItem::addFields(FieldTemplate field)
+void CatalogItem::addFieldTemplate(FieldTemplate fieldTemplate)
 {
-    m_fieldTemplates.push_back(std::move(field));
+    Q_ASSERT(m_fields.isEmpty());
+    m_fieldTemplates.push_back(std::move(fieldTemplate));
 }
 
 QList<CatalogInputField> &CatalogItem::getFields()

@@ -110,9 +110,9 @@ public:
     /// After the first `getFields` for that profile a new field stays at the end.
     void addField(const QString &profile, const CatalogInputField &field);
 
-    /// For the loader: adds one field to every profile that `field` names. The fields are made when they are
-    /// first asked for, so it must come before any `addField` and `getFields`.
-    void addFields(FieldTemplate field);
+    /// For the loader: adds a field to every profile that `fieldTemplate` names. The fields are made when
+    /// they are first asked for, so it must come before any `addField` and `getFields`.
+    void addFieldTemplate(FieldTemplate fieldTemplate);
 
     /// The fields of the catalog's current profile by ascending sort order; empty when there are none, and
     /// when the item has no catalog.

@@ -2,9 +2,11 @@
 
 #include "catalogs/reading/TokenTable_p.h"
 
+using Orvida::Catalogs::TokenTable;
+
 namespace {
 
-// The name constants stand before the tokenizer in this file, because its tables hold views into them:
+// The name constants stand before the tokenizer in this file, because its tables point to them:
 // they are made before it and destroyed after it.
 // clang-format off
 

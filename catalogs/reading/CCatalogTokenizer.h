@@ -8,8 +8,10 @@
 
 #include <memory>
 
+namespace Orvida::Catalogs {
 template <typename Token>
 class TokenTable;
+}
 
 /// The token tables of a catalog file, one per context: root and section elements, the catalog
 /// information, and the fields of each of the ten record kinds.
@@ -230,7 +232,7 @@ public:
 
 private:
     template <typename Token>
-    using Table = std::unique_ptr<const TokenTable<Token>>;
+    using Table = std::unique_ptr<const Orvida::Catalogs::TokenTable<Token>>;
 
     const Table<CatalogToken> m_catalogTokens;
     const Table<CatalogInfoToken> m_catalogInfoTokens;

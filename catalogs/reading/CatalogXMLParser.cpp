@@ -67,7 +67,7 @@ int toParameterType(const QStringRef &text)
 
 QFlags<CatalogItem::TypeFlag> toTypeFlags(const QStringRef &text)
 {
-    return QFlag(text.toInt());
+    return QFlag(toInt(text));
 }
 
 // Whether the token that was just read is the last one: the document's end, or an error. Not asked of
@@ -130,6 +130,11 @@ CatalogXMLParser::~CatalogXMLParser() = default;
 bool CatalogXMLParser::readFile(const QString &fileName, Items &items)
 {
     m_failure = CatalogReadFailure();
+    // What a host has copied since an earlier call would part from this table in the middle of reading.
+    m_parameterExtensions.detach();
+    m_parameterExtensionsInFileOrder.clear();
+    for (const CatalogParserParamExtended &extension : qAsConst(m_parameterExtensions))
+        m_parameterExtensionsInFileOrder.push_back(&extension);
     if (!openFile(fileName)) {
         describeUnopenedFile();
         return false;

@@ -57,8 +57,9 @@ public:
     /// Why the last `readFile` gave false; its reason is `None` before the first call and after a success.
     const CatalogReadFailure &failure() const { return m_failure; }
 
-    /// The records of `m_parameterExtensions` in the order in which their keys first came in the file: as
-    /// they lie in memory, and not at random. Valid until `m_parameterExtensions` changes.
+    /// The records of `m_parameterExtensions` in the order in which their keys first came in the file, as the
+    /// last `readFile` left them: as they lie in memory, and not at random. Valid until the table changes or
+    /// is copied.
     const std::vector<const CatalogParserParamExtended *> &parameterExtensionsInFileOrder() const
     {
         return m_parameterExtensionsInFileOrder;

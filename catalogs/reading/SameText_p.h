@@ -6,6 +6,8 @@
 
 #include <cstring>
 
+namespace Orvida::Catalogs {
+
 /// Whether the two have the same characters. Qt's comparisons find an order, for several times the cost.
 inline bool isSameText(const QStringRef &view, const QString &text)
 {
@@ -13,3 +15,5 @@ inline bool isSameText(const QStringRef &view, const QString &text)
            && std::memcmp(view.constData(), text.constData(), sizeof(QChar) * std::size_t(text.length()))
                   == 0;
 }
+
+} // namespace Orvida::Catalogs

@@ -9,6 +9,8 @@
 #include <array>
 #include <cstddef>
 
+namespace Orvida::Catalogs {
+
 /// The names of one context with their tokens. Filled once, then only read; refers to the names it is given.
 template <typename Token>
 class TokenTable
@@ -61,3 +63,5 @@ private:
 
     std::array<const Row *, places> m_rows{};
 };
+
+} // namespace Orvida::Catalogs

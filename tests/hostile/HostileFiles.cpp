@@ -252,7 +252,7 @@ const QVector<HostileFile> &hostileFiles()
          [](int n) {
              QByteArray start = "<OVCAT";
              for (int i = 0; i < n; ++i)
-                 start += " a" + QByteArray::number(i) + "=''";
+                 start += " a" + QByteArray::number(i, 36) + "=''";
              return start + "></OVCAT>";
          }},
         {"levels of entities, each ten of the one below", 9, 9,

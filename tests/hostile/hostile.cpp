@@ -257,14 +257,21 @@ int main(int argc, char **argv)
     std::puts("| case | file | bare pass | its peak | load, walk and end | peak | result |\n"
               "|---|---|---|---|---|---|---|");
     bool isSound = true;
+    int chosen = 0;
     for (const char *task : {"changes", "prefixes"}) {
-        if (QByteArray(task).contains(word))
+        if (QByteArray(task).contains(word)) {
             isSound = checkVariants(task, isQuick) && isSound;
+            ++chosen;
+        }
     }
     const QString path = folder.filePath(QStringLiteral("catalog.xml"));
     for (int kind = 0; kind < hostileFiles().size(); ++kind) {
-        if (QByteArray(hostileFiles().at(kind).name).contains(word))
+        if (QByteArray(hostileFiles().at(kind).name).contains(word)) {
             isSound = check(hostileFiles().at(kind), kind, isQuick, path) && isSound;
+            ++chosen;
+        }
     }
-    return isSound ? 0 : 1;
+    if (chosen == 0)
+        std::fprintf(stderr, "hostile: no file has '%s' in its name\n", word.constData());
+    return chosen == 0 ? 3 : isSound ? 0 : 1;
 }

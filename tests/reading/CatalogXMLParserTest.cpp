@@ -52,6 +52,8 @@ private Q_SLOTS:
     void readsStructure_data();
     void readsStructure() { readsWhatTheRowSays(); }
     void logsOnlyTextsThatAreNoBooleans();
+    void sharesTextsThatComeAgain();
+    void addsWhatASecondFileHas();
 };
 
 void CatalogXMLParserTest::readsEveryField_data()
@@ -272,6 +274,59 @@ void CatalogXMLParserTest::logsOnlyTextsThatAreNoBooleans()
     QCOMPARE(reading.lines(), QStringLiteral("extension pk=a profileFk=p"));
     QCOMPARE(log.messages(),
              QStringList(QStringLiteral("DataConverter|critical|stringToBool conversion error! %1")));
+}
+
+// Keys that differ in one letter, three times each, and between them first pieces of text that are empty.
+void CatalogXMLParserTest::sharesTextsThatComeAgain()
+{
+    QByteArray content;
+    QStringList expected;
+    for (int number = 0; number < 300; ++number) {
+        const QString key = QStringLiteral("key %1").arg(number % 100);
+        content += "<LIST><LIST_Class_FK>a</LIST_Class_FK><LIST_Internal><![CDATA[]]>x</LIST_Internal>"
+                   + field("LIST_Item", key) + scrambled("LIST_Caption", key) + "</LIST>";
+        expected += key;
+    }
+    const CatalogFolder folder;
+    CatalogXMLParser parser;
+    Items items;
+    QVERIFY(parser.readFile(folder.write(text("texts.xml"), catalogXml(content)), items));
+    const auto read = parser.m_listItems.value(text("a"));
+    int shared = 0;
+    for (int number = 0; number < 300; ++number) {
+        QCOMPARE(read.at(number).item, expected.at(number));
+        QCOMPARE(read.at(number).caption, expected.at(number));
+        QVERIFY(read.at(number).internal.isEmpty() && !read.at(number).internal.isNull());
+        QVERIFY(read.at(number).paramId.isNull());
+        shared += number >= 200 && read.at(number).item.constData() == read.at(number - 100).item.constData();
+    }
+    QVERIFY2(shared > 50, qPrintable(QString::number(shared))); // some share a place
+}
+
+// The address sanitizer sees when the order points into a table that the host has copied and dropped.
+void CatalogXMLParserTest::addsWhatASecondFileHas()
+{
+    const CatalogFolder folder;
+    CatalogXMLParser parser;
+    Items items;
+    const auto read = [&](const char *description) {
+        return parser.readFile(folder.write(text("file.xml"), catalogXml(records(description))), items);
+    };
+    QVERIFY(
+        read("PARAMX PX_PK=b PX_Column_ID=1|PARAMX PX_PK=a PX_Column_ID=2|PARAMX PX_PK=b PX_Column_ID=3"));
+    QStringList columns;
+    for (const CatalogParserParamExtended *extension : parser.parameterExtensionsInFileOrder())
+        columns += extension->columnId;
+    QCOMPARE(columns, QStringList({text("3"), text("2")}));
+    auto kept = parser.m_parameterExtensions;
+    QVERIFY(read("PARAMX PX_PK=c PX_Column_ID=4"));
+    kept.clear();
+    columns.clear();
+    for (const CatalogParserParamExtended *extension : parser.parameterExtensionsInFileOrder())
+        columns += extension->columnId;
+    QCOMPARE(columns.last(), text("4"));
+    columns.sort();
+    QCOMPARE(columns, QStringList({text("2"), text("3"), text("4")}));
 }
 
 QTEST_GUILESS_MAIN(CatalogXMLParserTest)

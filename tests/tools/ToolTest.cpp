@@ -239,6 +239,14 @@ void ToolTest::keepsTheLibrarysOwnOutputOffStandardOutput()
     QCOMPARE(result.output, text("orphan.xml: 1 item (1 outside the tree), not 3D\n"));
     QVERIFY2(result.messages.contains(text("Parent of item: \uFFFD[2J not found!\nItem id: b\n")),
              qPrintable(result.messages));
+
+    // With standard error closed, no file that is opened in its place gets what is written to it.
+    QProcess closed;
+    closed.start(text("sh"), {text("-c"), text("ulimit -f 1000 && exec \"$0\" show \"$1\" 2>&-"),
+                              text(ORVIDA_CATALOG_TOOL), file});
+    QVERIFY(closed.waitForFinished());
+    QCOMPARE(QString::fromUtf8(closed.readAllStandardOutput()), result.output);
+    QCOMPARE(closed.exitCode(), 0);
 }
 
 void ToolTest::warnsOfACatalogWithoutCodes()
