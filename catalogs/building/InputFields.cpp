@@ -1,10 +1,14 @@
 #include "catalogs/building/InputFields_p.h"
 
+#include "catalogs/LogCategories_p.h"
 #include "catalogs/model/Catalog.h"
-#include "catalogs/model/FieldTemplate_p.h"
 #include "catalogs/reading/CatalogXMLParser.h"
+#include "catalogs/reading/FileOrder_p.h"
 #include "shared/CLogger.h"
 #include "shared/DoubleFormater.h"
+
+#include <QSet>
+#include <QVector>
 
 namespace Orvida::Catalogs {
 
@@ -13,7 +17,7 @@ namespace {
 using Logging::CLogger;
 using Shared::DoubleFormater;
 using Shared::InputField;
-using Appearances = QHash<QString, QHash<QString, FieldTemplate::Appearance>>;
+using Columns = QVector<const CatalogParserColumn *>;
 
 // A clock position reads as a span of the clock, from prefix to suffix, whatever its type and range.
 bool isClockPosition(const CatalogInputField &field)
@@ -21,12 +25,13 @@ bool isClockPosition(const CatalogInputField &field)
     return field.observationTextParamName().toUpper() == QLatin1String("@CLK");
 }
 
-bool hasRange(const CatalogInputField &field)
+bool showsRange(const CatalogInputField &field)
 {
+    if (field.dataType() == InputField::Boolean)
+        return false;
     const QString minimum = field.minimumValue();
     const QString maximum = field.maximumValue();
-    return field.dataType() != InputField::Boolean && minimum != maximum && !minimum.isEmpty()
-           && !maximum.isEmpty();
+    return minimum != maximum && !minimum.isEmpty() && !maximum.isEmpty();
 }
 
 // The markers are replaced in one pass, so that a percent sign in a caption stays what it is.
@@ -34,16 +39,18 @@ QString composedCaption(const QString &caption, const CatalogInputField &field)
 {
     if (isClockPosition(field))
         return QStringLiteral("%1 (%2 x %3)").arg(caption, field.prefix(), field.suffix());
-    if (!hasRange(field))
+    if (!showsRange(field))
         return caption;
-    return QStringLiteral("%1 (%2 - %3)")
-        .arg(caption, DoubleFormater::toString(field.minimumValue(), field.inputFormat()),
-             DoubleFormater::toString(field.maximumValue(), field.inputFormat()));
+    // In this order, not as two arguments of one call: hosts see when their formatter is called.
+    const QString minimum = DoubleFormater::toString(field.minimumValue(), field.inputFormat());
+    const QString maximum = DoubleFormater::toString(field.maximumValue(), field.inputFormat());
+    return QStringLiteral("%1 (%2 - %3)").arg(caption, minimum, maximum);
 }
 
-// All of a field that does not depend on the profile.
-CatalogInputField commonField(const CatalogParserParamExtended &extension,
-                              const CatalogParserParameter &parameter)
+// The setters are the host's, and a host sees their order.
+CatalogInputField builtField(const CatalogParserParamExtended &extension,
+                             const CatalogParserParameter &parameter, const CatalogParserColumn &column,
+                             const ListLookup &lists)
 {
     CatalogInputField field;
     field.setBoundColumn(extension.columnId);
@@ -51,6 +58,8 @@ CatalogInputField commonField(const CatalogParserParamExtended &extension,
     field.setDisplayFormat(extension.displayFormat);
     field.setInputFormat(extension.inputFormat);
     field.setIsMandatory(extension.mandatory);
+    field.setIsReadonly(column.readOnly);
+    field.setIsVisible(column.visible);
     field.setMaximumTextLength(extension.length);
     field.setMaximumValue(extension.rangeTo);
     field.setMinimumValue(extension.rangeFrom);
@@ -64,19 +73,29 @@ CatalogInputField commonField(const CatalogParserParamExtended &extension,
     field.setDataType(static_cast<InputField::DataType>(parameter.dataType));
     field.setTypeFlags(static_cast<TypeFlags>(parameter.typeFlags));
     field.setCaption(composedCaption(parameter.caption, field));
+    const auto listsOfProfile = lists.constFind(column.profileFk);
+    if (listsOfProfile != lists.constEnd() && !extension.listClassId.isEmpty()) {
+        const auto entries = listsOfProfile->constFind(extension.listClassId);
+        if (entries != listsOfProfile->constEnd() && !entries->isEmpty())
+            field.setItemList(*entries);
+    }
     return field;
 }
 
-// By column id, how each profile shows the column; of several columns of one profile the first one counts.
-Appearances appearancesOf(const CatalogXMLParser &parser)
+// By column id, one column per profile: the first in the file. Chosen once per column and not per extension,
+// because files may have thousands of profiles.
+QHash<QString, Columns> columnsById(const CatalogXMLParser &parser)
 {
-    Appearances result;
+    QHash<QString, Columns> result;
     result.reserve(parser.m_columns.size());
     for (auto columns = parser.m_columns.cbegin(); columns != parser.m_columns.cend(); ++columns) {
-        auto &byProfile = result[columns.key()];
+        Columns &chosen = result[columns.key()];
+        QSet<QString> profiles;
         for (const CatalogParserColumn &column : *columns) {
-            if (!byProfile.contains(column.profileFk))
-                byProfile.insert(column.profileFk, {column.readOnly, column.visible});
+            if (profiles.contains(column.profileFk))
+                continue;
+            profiles.insert(column.profileFk);
+            chosen.append(&column);
         }
     }
     return result;
@@ -87,24 +106,22 @@ Appearances appearancesOf(const CatalogXMLParser &parser)
 void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const ListLookup &lists)
 {
     const QHash<QString, QSharedPointer<CatalogItem>> &items = catalog.getCatalogItems();
-    const Appearances appearances = appearancesOf(parser);
+    const QHash<QString, Columns> columns = columnsById(parser);
     const CatalogParserParameter noParameter;
-    for (const CatalogParserParamExtended *extensionInFile : parser.parameterExtensionsInFileOrder()) {
-        const CatalogParserParamExtended &extension = *extensionInFile;
+    for (const QString &key : parameterExtensionsInFileOrder(parser)) {
+        const CatalogParserParamExtended &extension = *parser.m_parameterExtensions.constFind(key);
         const QString &itemKey = extension.baseCodeFk.isEmpty() ? extension.charExtFk : extension.baseCodeFk;
         const auto item = items.constFind(itemKey);
         if (item == items.constEnd() || !*item) {
-            CLogger::logMessage(CLogger::Error, QStringLiteral("CatalogLoader"),
+            CLogger::logMessage(CLogger::Error, catalogLoaderCategory,
                                 QStringLiteral("Catalog item ") + itemKey + QStringLiteral(" not found!"));
             continue;
         }
-        const auto appearancesOfColumn = appearances.constFind(extension.columnId);
-        if (appearancesOfColumn == appearances.constEnd())
-            continue;
         const auto parameter = parser.m_parameters.constFind(extension.paramFk);
         const bool hasParameter = parameter != parser.m_parameters.constEnd();
-        (*item)->addFieldTemplate({commonField(extension, hasParameter ? *parameter : noParameter),
-                                   *appearancesOfColumn, lists.value(extension.listClassId)});
+        for (const CatalogParserColumn *column : columns.value(extension.columnId))
+            (*item)->addField(column->profileFk,
+                              builtField(extension, hasParameter ? *parameter : noParameter, *column, lists));
     }
 }
 

@@ -5,8 +5,8 @@
 
 namespace Orvida::Catalogs {
 
-/// Fills one field per parameter extension and adds it to the extension's item, for all profiles that have
-/// the extension's column. An extension whose item is not in `catalog` is logged and passed over.
+/// Adds to the item of every parameter extension one field per profile that has the extension's column. An
+/// extension whose item is not in `catalog` is logged and skipped.
 void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const ListLookup &lists);
 
 } // namespace Orvida::Catalogs

@@ -1,5 +1,6 @@
 #include "catalogs/building/ListLookup_p.h"
 
+#include "catalogs/LogCategories_p.h"
 #include "catalogs/building/CatalogListItem.h"
 #include "catalogs/model/Catalog.h"
 #include "catalogs/model/SortOrdering_p.h"
@@ -44,7 +45,7 @@ QString placeHolderOf(const CatalogParserListItem &item, const Parameters &param
 Entries valueEntries(const CatalogParserListClass &listClass, const Items &items,
                      const Parameters &parameters)
 {
-    CLogger::logMessage(CLogger::Info, QStringLiteral("CatalogLoader"),
+    CLogger::logMessage(CLogger::Info, catalogLoaderCategory,
                         QStringLiteral("Creating items for list: ") + listClass.classId);
     Entries entries;
     entries.reserve(items.size());
@@ -79,7 +80,7 @@ ListLookup buildListLookup(CatalogXMLParser &parser, Catalog &catalog)
         // hosts see it.
         Items &items = parser.m_listItems[listClass.pk];
         orderBySortOrder(items, sortOrderOfListItem);
-        lists[listClass.classId][listClass.profileFk] =
+        lists[listClass.profileFk][listClass.classId] =
             listClass.classId == continousDefectClassId
                 ? defectEntries(listClass, items, parser.m_parameters, catalog)
                 : valueEntries(listClass, items, parser.m_parameters);

@@ -12,7 +12,7 @@ namespace Orvida::Catalogs {
 class Catalog;
 class CatalogXMLParser;
 
-/// Entries of every list class, in the order in which they are offered: by class id, then profile key.
+/// Entries of every list class, in the order in which they are offered: by profile key, then class id.
 using ListLookup = QHash<QString, QHash<QString, QList<Shared::ListItem>>>;
 
 /// Builds the lists of all profiles, and stores the continuous-defect codes of each in `catalog`.

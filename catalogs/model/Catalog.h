@@ -5,12 +5,14 @@
 #include "catalogs/model/CatalogItem.h"
 
 #include <QHash>
-#include <QList>
-#include <QPair>
 #include <QSharedPointer>
 #include <QString>
 
+#include <memory>
+
 namespace Orvida::Catalogs {
+
+class ParentLoops;
 
 /// A coding catalog. The loader makes and fills it; every holder of a `CatalogSptr` sees the same object.
 ///
@@ -73,21 +75,20 @@ public:
     /// is valid until codes are stored or asked for under another profile.
     QHash<QString, QString> &getContinousDefectCodes() { return m_continousDefectCodes[m_profile]; }
 
-    /// Hangs every item under the one that its parent id names, gives it this catalog, and fills the items
-    /// by code. `setStatus` calls it; a second call would add every child to its parent once more.
+    /// Adds every item to the children of the item that its parent id names, gives it this catalog, and fills
+    /// the items by code. `setStatus` calls it; a second call would add every child to its parent once more.
     ///
-    /// An item whose parent is not in the catalog is reported on standard output, in three lines of UTF-8,
-    /// and is left out of the tree; it stays reachable by id and by code. Empty pointers in the table are
-    /// passed over. Parent ids may form a loop: its items are linked to each other like all others.
+    /// An item whose parent is not in the catalog is reported on standard output, in three lines in the
+    /// locale's encoding, and is left out of the tree; it stays reachable by id and by code. All reports of a
+    /// call are written at its end and flushed: when standard output is a pipe that nobody reads, the call
+    /// waits. Empty pointers in the table are skipped. Parent ids may form a loop: its items are linked to
+    /// each other like all others.
     void buildRelations();
 
 private:
     using ItemTable = QHash<QString, QSharedPointer<CatalogItem>>;
 
-    void findParents();
     void registerCode(const QSharedPointer<CatalogItem> &item);
-    void rememberLoops();
-    void cutLoops();
 
     // Every item by id, the root under the empty key. Filled by the loader and the parser.
     ItemTable m_items;
@@ -98,8 +99,7 @@ private:
     QString m_profile;
     // By profile key. Filled by the loader.
     QHash<QString, QHash<QString, QString>> m_continousDefectCodes;
-    // Per parent loop, the item and the child with which the loop closes.
-    QList<QPair<QSharedPointer<CatalogItem>, QSharedPointer<CatalogItem>>> m_loopLinks;
+    const std::unique_ptr<ParentLoops> m_parentLoops;
 };
 
 /// The form in which catalogs leave the library.

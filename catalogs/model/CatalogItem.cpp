@@ -1,36 +1,20 @@
 #include "catalogs/model/CatalogItem.h"
 
 #include "catalogs/model/Catalog.h"
-#include "catalogs/model/FieldTemplate_p.h"
 #include "catalogs/model/SortOrdering_p.h"
 
-#include <new>
 #include <utility>
-#include <vector>
 
 namespace Orvida::Catalogs {
 
-namespace {
-
-using ChildItems = QList<QSharedPointer<CatalogItem>>;
-
-// Child lists of destroyed items, waiting for the outermost destructor of this thread to release them.
-thread_local std::vector<ChildItems> *waitingLists = nullptr;
-
-// Releasing a child destroys it when nobody else holds it, and that would release its children in turn, as
-// deep as the tree is. So only the outermost destructor releases; those that it causes hand their lists to
-// it and are done.
-void releaseChildren(ChildItems children)
+struct CatalogItem::ReleasedChildren
 {
-    std::vector<ChildItems> waiting;
-    waitingLists = &waiting;
-    children.clear();
-    while (!waiting.empty()) {
-        const ChildItems released = std::move(waiting.back());
-        waiting.pop_back();
-    }
-    waitingLists = nullptr;
-}
+    QList<QSharedPointer<CatalogItem>> children;
+    // The list that was handed over before this one.
+    ReleasedChildren *next = nullptr;
+};
+
+namespace {
 
 int sortOrderOfItem(const QSharedPointer<CatalogItem> &item)
 {
@@ -46,24 +30,39 @@ int sortOrderOfField(const CatalogInputField &field)
 
 CatalogItem::CatalogItem() = default;
 
+// Releasing a child destroys it when nobody else holds it, and that would release its children in turn, as
+// deep as the tree is. So only the outermost destructor of a thread releases; those that it causes hand their
+// children to it.
 CatalogItem::~CatalogItem()
 {
-    if (m_childItems.isEmpty())
+    thread_local ReleasedChildren *waiting = nullptr;
+    thread_local bool isReleasing = false;
+
+    if (!m_releasedChildren)
         return;
-    if (!waitingLists) {
-        releaseChildren(std::move(m_childItems));
+    m_releasedChildren->children.swap(m_childItems);
+    m_releasedChildren->next = waiting;
+    waiting = m_releasedChildren.release();
+    if (isReleasing)
         return;
+    isReleasing = true;
+    while (waiting) {
+        const std::unique_ptr<ReleasedChildren> released(waiting);
+        waiting = released->next;
     }
-    try {
-        waitingLists->push_back(std::move(m_childItems));
-    } catch (const std::bad_alloc &) {
-        // No memory to wait in: the list goes with its item, one level deeper on the stack.
-    }
+    isReleasing = false;
 }
 
 void CatalogItem::addChildItem(const QSharedPointer<CatalogItem> &child)
 {
+    if (!m_releasedChildren)
+        m_releasedChildren = std::make_unique<ReleasedChildren>();
     m_childItems.append(child);
+}
+
+void CatalogItem::removeChildItem(const QSharedPointer<CatalogItem> &child)
+{
+    m_childItems.removeAll(child);
 }
 
 const QList<QSharedPointer<CatalogItem>> &CatalogItem::getChildItems()
@@ -77,13 +76,7 @@ const QList<QSharedPointer<CatalogItem>> &CatalogItem::getChildItems()
 
 void CatalogItem::addField(const QString &profile, const CatalogInputField &field)
 {
-    fieldsOf(profile).fields.append(field);
-}
-
-void CatalogItem::addFieldTemplate(FieldTemplate fieldTemplate)
-{
-    Q_ASSERT(m_fields.isEmpty());
-    m_fieldTemplates.push_back(std::move(fieldTemplate));
+    m_fields[profile].append(field);
 }
 
 QList<CatalogInputField> &CatalogItem::getFields()
@@ -92,23 +85,15 @@ QList<CatalogInputField> &CatalogItem::getFields()
         m_noFields.clear();
         return m_noFields;
     }
-    ProfileFields &asked = fieldsOf(m_catalog->profile());
-    if (!asked.isSorted) {
-        orderBySortOrder(asked.fields, sortOrderOfField);
-        asked.isSorted = true;
+    const QString profile = m_catalog->profile();
+    QList<CatalogInputField> &fields = m_fields[profile];
+    if (!m_sortedProfiles.contains(profile)) {
+        // Noted first: that takes memory, ordering does not, and ordering twice would move equal fields
+        // again.
+        m_sortedProfiles.insert(profile);
+        orderBySortOrder(fields, sortOrderOfField);
     }
-    return asked.fields;
-}
-
-CatalogItem::ProfileFields &CatalogItem::fieldsOf(const QString &profile)
-{
-    const auto made = m_fields.find(profile);
-    if (made != m_fields.end())
-        return *made;
-    ProfileFields result;
-    for (const FieldTemplate &fieldTemplate : m_fieldTemplates)
-        fieldTemplate.appendTo(result.fields, profile);
-    return *m_fields.insert(profile, result);
+    return fields;
 }
 
 } // namespace Orvida::Catalogs

@@ -7,23 +7,24 @@
 #include <QFlags>
 #include <QHash>
 #include <QList>
+#include <QSet>
 #include <QSharedPointer>
 #include <QString>
 
-#include <vector>
+#include <memory>
 
 namespace Orvida::Catalogs {
 
 class Catalog;
-struct FieldTemplate;
 
-/// A code class, a base code or a character extension; which of them shows in where it hangs in the tree.
+/// A code class, a base code or a character extension; its place in the tree tells which.
 ///
 /// Items live in `QSharedPointer`s that the catalog's tables, the child list of the parent and the host
-/// share. A child does not hold its parent, and no item holds its catalog: who keeps items keeps their
-/// `CatalogSptr` as well. An item that outlives its catalog keeps its children (on a loop of parents, one
-/// item loses the child that closes the loop) but has no catalog any more. There is no lock, and the first
-/// `getChildItems` and `getFields` write: the host lets one thread at a time use the items of one catalog.
+/// share. A child does not hold its parent, and no item holds its catalog: a host that keeps items keeps
+/// their `CatalogSptr` as well. An item that outlives its catalog keeps its children (on a loop of parents,
+/// one item loses the child that closes the loop) but no longer has a catalog. There is no lock, and the
+/// first `getChildItems` and `getFields` write: the host lets one thread at a time use the items of one
+/// catalog.
 class ORVIDA_CATALOGS_EXPORT CatalogItem
 {
 public:
@@ -33,7 +34,7 @@ public:
 
     /// An item with null texts, numbers 0, flags false, no catalog, no children and no fields.
     CatalogItem();
-    /// Releases the children. However deep the tree below is, the stack is not.
+    /// Releases the children. Takes neither memory nor stack for each level, however deep the tree below is.
     ~CatalogItem();
     Q_DISABLE_COPY(CatalogItem)
 
@@ -67,8 +68,8 @@ public:
     bool autoPicture() const { return m_autoPicture; }
     /// Virtual flag of the file; character extensions never have it.
     bool isVirtual() const { return m_isVirtual; }
-    /// The catalog of the item, not owned: null until the catalog has linked its items, and after a catalog
-    /// that still has the item in its table is gone.
+    /// The catalog of the item, not owned: null until the catalog has linked its items, and again once a
+    /// catalog that has the item in its table is destroyed.
     Catalog *catalog() { return m_catalog; }
 
     /// \name Setters
@@ -99,40 +100,32 @@ public:
     /// order. A null child is listed too and counts as sort order 0.
     void addChildItem(const QSharedPointer<CatalogItem> &child);
 
+    /// Removes `child` from the children, every time it is listed; nothing when it is no child. The order of
+    /// the others stays. Opens a loop that was made with `addChildItem`.
+    void removeChildItem(const QSharedPointer<CatalogItem> &child);
+
     /// The children by ascending sort order; empty when there are none.
     ///
     /// The first call orders them, for good. Children of equal sort order come in the order in which the
     /// ordering leaves them, which is always the same for the same children added in the same order. The
-    /// list belongs to the item and stays valid until the item goes or gets another child.
+    /// list belongs to the item and stays valid until the item is destroyed or its children change.
     const QList<QSharedPointer<CatalogItem>> &getChildItems();
 
     /// Appends a copy of `field` to the fields of the profile with the key `profile`, which may be any key.
     /// After the first `getFields` for that profile a new field stays at the end.
     void addField(const QString &profile, const CatalogInputField &field);
 
-    /// For the loader: adds a field to every profile that `fieldTemplate` names. The fields are made when
-    /// they are first asked for, so it must come before any `addField` and `getFields`.
-    void addFieldTemplate(FieldTemplate fieldTemplate);
-
     /// The fields of the catalog's current profile by ascending sort order; empty when there are none, and
     /// when the item has no catalog.
     ///
-    /// The first call for a profile makes its fields and orders them, for good; it also notes the profile
-    /// when there are no fields. The list itself, not a copy: it belongs to the item and stays valid until
-    /// the item goes or a field is added. What is written into the list of an item without catalog is lost.
+    /// The first call for a profile orders its fields, for good, and adds an empty list when there are none.
+    /// The list itself, not a copy: it belongs to the item and stays valid until the item is destroyed or a
+    /// field is added. What is written into the list of an item without catalog is lost.
     QList<CatalogInputField> &getFields();
 
 private:
-    friend class Catalog;
-
-    // The fields of one profile, in the order in which they were added until they are ordered.
-    struct ProfileFields
-    {
-        QList<CatalogInputField> fields;
-        bool isSorted = false;
-    };
-
-    ProfileFields &fieldsOf(const QString &profile);
+    // The children of a destroyed item, waiting for the outermost destructor to release them.
+    struct ReleasedChildren;
 
     QString m_id;
     QString m_parentId;
@@ -150,18 +143,18 @@ private:
     bool m_autoPicture = false;
     bool m_isVirtual = false;
     bool m_childItemsSorted = false;
-    // The catalog's own mark against parent loops, while it links its items.
-    int m_ancestorWalk = 0;
     Catalog *m_catalog = nullptr;
     // In the order in which they were added, until the first getChildItems orders them.
     QList<QSharedPointer<CatalogItem>> m_childItems;
-    std::vector<FieldTemplate> m_fieldTemplates;
-    // By profile key, for the profiles that were asked for.
-    QHash<QString, ProfileFields> m_fields;
+    // Where the children wait when the item is destroyed: allocated with the first child, because a
+    // destructor cannot rely on memory.
+    std::unique_ptr<ReleasedChildren> m_releasedChildren;
+    // By profile key, each list in the order in which it was added until the first getFields orders it.
+    QHash<QString, QList<CatalogInputField>> m_fields;
+    // The profiles whose fields are ordered.
+    QSet<QString> m_sortedProfiles;
     // What an item without a catalog hands out; empty.
     QList<CatalogInputField> m_noFields;
-    // The parent's place in the catalog's table, of use only while the catalog links its items.
-    const QSharedPointer<CatalogItem> *m_parent = nullptr;
 };
 
 } // namespace Orvida::Catalogs

@@ -10,17 +10,11 @@
 #include <QList>
 #include <QSharedPointer>
 #include <QString>
+#include <QtContainerFwd>
 
-#include <initializer_list>
 #include <memory>
-#include <vector>
-
-class QFile;
-class QXmlStreamReader;
 
 namespace Orvida::Catalogs {
-
-class TextPool;
 
 /// Reads one catalog file in one forward pass.
 ///
@@ -33,7 +27,7 @@ class ORVIDA_CATALOGS_EXPORT CatalogXMLParser
 public:
     /// A parser with empty containers and no file.
     CatalogXMLParser();
-    /// Closes the file. Items that were read belong to the caller's table and live on.
+    /// Closes the file. Items that were read belong to the caller's table and stay.
     ~CatalogXMLParser();
     Q_DISABLE_COPY(CatalogXMLParser)
 
@@ -42,8 +36,8 @@ public:
     /// `items` gets every code class, base code and character extension under its id; a later one
     /// replaces an earlier one with the same id. A file that cannot be opened (an empty name, a folder,
     /// no permission), malformed XML or a record without its keys give false, at once; `failure()` then
-    /// says why, and what was read so far stays where it is. The file stays open until the parser goes. A
-    /// second call would add to what the first one read.
+    /// says why, and what was read so far stays where it is. The file stays open until the parser is
+    /// destroyed. A second call would add to what the first one read.
     bool readFile(const QString &fileName, QHash<QString, QSharedPointer<CatalogItem>> &items);
 
     /// The value of `CAT_Style` in the catalog information of the file `fileName`, read without the rest of
@@ -55,15 +49,7 @@ public:
     qint64 readCatalogStyleFlagFromCatalogInfo();
 
     /// Why the last `readFile` gave false; its reason is `None` before the first call and after a success.
-    const CatalogReadFailure &failure() const { return m_failure; }
-
-    /// The records of `m_parameterExtensions` in the order in which their keys first came in the file, as the
-    /// last `readFile` left them: as they lie in memory, and not at random. Valid until the table changes or
-    /// is copied.
-    const std::vector<const CatalogParserParamExtended *> &parameterExtensionsInFileOrder() const
-    {
-        return m_parameterExtensionsInFileOrder;
-    }
+    const CatalogReadFailure &failure() const;
 
     /// `CATPRO` records in file order.
     QList<CatalogParserProfile> m_profiles;
@@ -81,41 +67,11 @@ public:
     QHash<QString, QList<CatalogParserListItem>> m_listItems;
 
 private:
-    using Items = QHash<QString, QSharedPointer<CatalogItem>>;
+    // A step of loading that depends on the order of the file; no host needs it.
+    friend const QVector<QString> &parameterExtensionsInFileOrder(const CatalogXMLParser &parser);
 
-    // A key without which a record is refused.
-    struct RequiredField
-    {
-        const char *name;
-        const QString &value;
-    };
-
-    [[nodiscard]] bool openFile(const QString &fileName);
-    [[nodiscard]] bool readSection(Items &items);
-    [[nodiscard]] bool readProfile();
-    [[nodiscard]] bool readProfileExtension();
-    [[nodiscard]] bool readColumn();
-    [[nodiscard]] bool readListClass();
-    [[nodiscard]] bool readListItem();
-    [[nodiscard]] bool readCodeClass(Items &items);
-    [[nodiscard]] bool readBaseCode(Items &items);
-    [[nodiscard]] bool readCharacterExtension(Items &items);
-    [[nodiscard]] bool readParameter();
-    [[nodiscard]] bool readParameterExtension();
-    QString toText(const QStringRef &text);
-    QString descrambleText(const QStringRef &text);
-    [[nodiscard]] bool accepts(const char *record, std::initializer_list<RequiredField> requiredFields);
-    [[nodiscard]] bool storesItem(Items &items, const QSharedPointer<CatalogItem> &item, const char *record,
-                                  const char *key);
-    void describeUnopenedFile();
-    void describeBrokenInput();
-
-    // The reader reads from the file: it is declared after it, so that it goes first.
-    std::unique_ptr<QFile> m_file;
-    std::unique_ptr<QXmlStreamReader> m_reader;
-    std::unique_ptr<TextPool> m_texts;
-    CatalogReadFailure m_failure;
-    std::vector<const CatalogParserParamExtended *> m_parameterExtensionsInFileOrder;
+    struct Private;
+    const std::unique_ptr<Private> m_private;
 };
 
 } // namespace Orvida::Catalogs

@@ -1,7 +1,8 @@
-// Shares texts that come again and again in a catalog file. For the reader's own use.
+// Interns strings that repeat within a catalog file. For the reader's own use.
 #pragma once
 
 #include "catalogs/reading/SameText_p.h"
+#include "catalogs/reading/ScrambledText.h"
 
 #include <QString>
 #include <QStringRef>
@@ -10,12 +11,14 @@
 
 namespace Orvida::Catalogs {
 
-/// Turns views of the reader's buffer into texts of their own, and gives the same text again, without
-/// allocating, when it is still remembered. Profile keys, column ids, units and the captions of list entries
-/// come hundreds of times each; forgetting one, because another text has taken its place, costs only memory.
+/// Turns views of the reader's buffer into strings of their own, and returns an earlier string again, without
+/// allocating, while it is remembered. Profile keys, column ids, units and the captions of list entries
+/// repeat hundreds of times each; forgetting one, because another string has taken its place, costs only
+/// memory.
 ///
-/// A text is remembered when it comes for the second time. Most texts of a catalog come once: they would push
-/// the others out, and each would cost a visit to memory that is long out of the processor's caches.
+/// A string is remembered when it is met for the second time. Most strings of a catalog are met once: they
+/// would push the others out, and each would cost a visit to memory that is long out of the processor's
+/// caches.
 class TextPool
 {
 public:
@@ -28,10 +31,11 @@ public:
                           [](const QStringRef &from) { return QString(from.constData(), from.length()); });
     }
 
-    /// What `convert`, which must always be the same function, makes of `view`.
-    QString converted(const QStringRef &view, QString (*convert)(const QStringRef &))
+    /// The text that the scrambled text `view` stands for. Remembered apart from plain texts, of which one
+    /// may have the same characters.
+    QString descrambled(const QStringRef &view)
     {
-        return remembered(m_conversions, view, convert);
+        return remembered(m_descrambledTexts, view, ScrambledText::decode);
     }
 
 private:
@@ -75,7 +79,7 @@ private:
     }
 
     Entries m_texts;
-    Entries m_conversions;
+    Entries m_descrambledTexts;
 };
 
 } // namespace Orvida::Catalogs

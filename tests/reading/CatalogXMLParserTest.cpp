@@ -53,7 +53,6 @@ private Q_SLOTS:
     void readsStructure() { readsWhatTheRowSays(); }
     void logsOnlyTextsThatAreNoBooleans();
     void sharesTextsThatComeAgain();
-    void addsWhatASecondFileHas();
 };
 
 void CatalogXMLParserTest::readsEveryField_data()
@@ -301,32 +300,6 @@ void CatalogXMLParserTest::sharesTextsThatComeAgain()
         shared += number >= 200 && read.at(number).item.constData() == read.at(number - 100).item.constData();
     }
     QVERIFY2(shared > 50, qPrintable(QString::number(shared))); // some share a place
-}
-
-// The address sanitizer sees when the order points into a table that the host has copied and dropped.
-void CatalogXMLParserTest::addsWhatASecondFileHas()
-{
-    const CatalogFolder folder;
-    CatalogXMLParser parser;
-    Items items;
-    const auto read = [&](const char *description) {
-        return parser.readFile(folder.write(text("file.xml"), catalogXml(records(description))), items);
-    };
-    QVERIFY(
-        read("PARAMX PX_PK=b PX_Column_ID=1|PARAMX PX_PK=a PX_Column_ID=2|PARAMX PX_PK=b PX_Column_ID=3"));
-    QStringList columns;
-    for (const CatalogParserParamExtended *extension : parser.parameterExtensionsInFileOrder())
-        columns += extension->columnId;
-    QCOMPARE(columns, QStringList({text("3"), text("2")}));
-    auto kept = parser.m_parameterExtensions;
-    QVERIFY(read("PARAMX PX_PK=c PX_Column_ID=4"));
-    kept.clear();
-    columns.clear();
-    for (const CatalogParserParamExtended *extension : parser.parameterExtensionsInFileOrder())
-        columns += extension->columnId;
-    QCOMPARE(columns.last(), text("4"));
-    columns.sort();
-    QCOMPARE(columns, QStringList({text("2"), text("3"), text("4")}));
 }
 
 QTEST_GUILESS_MAIN(CatalogXMLParserTest)

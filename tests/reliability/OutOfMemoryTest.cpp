@@ -66,6 +66,7 @@ private Q_SLOTS:
     void leavesNothingOfAFailedLoad();
     void tellsOfA3DStyleOnlyWhatItRead();
     void destroysCatalogsWithoutMemory();
+    void destroysDeepTreesWithoutMemory();
 
 private:
     CatalogFolder m_folder;
@@ -195,7 +196,24 @@ void OutOfMemoryTest::destroysCatalogsWithoutMemory()
     destroy();
     QVERIFY(FailingMemory::hasFailed());
     QVERIFY(!item->catalog());
-    const_cast<QList<QSharedPointer<CatalogItem>> &>(item->getChildItems()).clear();
+    item->removeChildItem(children.first());
+}
+
+// Level by level on the stack, this would overflow it.
+void OutOfMemoryTest::destroysDeepTreesWithoutMemory()
+{
+    auto top = QSharedPointer<CatalogItem>::create();
+    QWeakPointer<CatalogItem> bottom = top;
+    for (int level = 0; level < 100000; ++level) {
+        const auto child = QSharedPointer<CatalogItem>::create();
+        bottom.toStrongRef()->addChildItem(child);
+        bottom = child;
+    }
+    {
+        const FailingMemory failing(1, true);
+        top.clear();
+    }
+    QVERIFY(bottom.isNull());
 }
 
 QTEST_GUILESS_MAIN(OutOfMemoryTest)

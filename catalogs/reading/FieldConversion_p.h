@@ -1,0 +1,61 @@
+// The conversions of a field's text to what is no text. For the reader's own use.
+#pragma once
+
+#include "catalogs/model/CatalogItem.h"
+#include "shared/DataConverter.h"
+#include "shared/InputField.h"
+
+#include <QLatin1String>
+#include <QStringRef>
+
+namespace Orvida::Catalogs {
+
+inline int toInt(const QStringRef &text)
+{
+    return text.toInt();
+}
+
+inline qint64 toInt64(const QStringRef &text)
+{
+    return text.toLongLong();
+}
+
+inline bool toBool(const QStringRef &text)
+{
+    return Shared::DataConverter::stringToBool(text);
+}
+
+inline QFlags<CatalogItem::TypeFlag> toTypeFlags(const QStringRef &text)
+{
+    return QFlag(toInt(text));
+}
+
+/// The names for the types of columns are the host's to read; only the numbers are the same.
+inline Shared::InputField::DataType toColumnType(const QStringRef &text)
+{
+    return Shared::DataConverter::stringToDataType(text);
+}
+
+/// The format's own names for the types of parameters.
+inline int toParameterType(const QStringRef &text)
+{
+    struct NamedType
+    {
+        QLatin1String name;
+        Shared::InputField::DataType type;
+    };
+    static constexpr NamedType namedTypes[] = {
+        {QLatin1String("TXT"), Shared::InputField::Text},
+        {QLatin1String("INT"), Shared::InputField::Integer},
+        {QLatin1String("DEC"), Shared::InputField::Decimal},
+        {QLatin1String("BOL"), Shared::InputField::Boolean},
+        {QLatin1String("DAT"), Shared::InputField::Date},
+    };
+    for (const NamedType &named : namedTypes) {
+        if (text == named.name)
+            return named.type;
+    }
+    return Shared::InputField::Undefined;
+}
+
+} // namespace Orvida::Catalogs
