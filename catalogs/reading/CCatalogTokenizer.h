@@ -4,14 +4,10 @@
 
 #include "catalogs/CatalogsExport.h"
 
+#include <QHash>
 #include <QStringRef>
 
 #include <memory>
-
-namespace Orvida::Catalogs {
-template <typename Token>
-class TokenTable;
-}
 
 /// The token tables of a catalog file, one per context: root and section elements, the catalog
 /// information, and the fields of each of the ten record kinds.
@@ -231,8 +227,9 @@ public:
     static ParameterExtensionToken stringToParameterExtensionToken(const QStringRef &name);
 
 private:
+    // The keys view name constants of the library.
     template <typename Token>
-    using Table = std::unique_ptr<const Orvida::Catalogs::TokenTable<Token>>;
+    using Table = std::unique_ptr<QHash<QStringRef, Token>>;
 
     const Table<CatalogToken> m_catalogTokens;
     const Table<CatalogInfoToken> m_catalogInfoTokens;

@@ -1,8 +1,8 @@
 # The library exports its public classes and nothing else. Inline functions of Qt classes that the compiler
 # did not inline stand in every program; they do not count.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
-set(classes Catalog CatalogConfigData CatalogInputField CatalogItem CatalogListItem CatalogLoader
-  CatalogManager CatalogXMLParser ScrambledText)
+set(classes Catalog CatalogConfigData CatalogFormat CatalogInputField CatalogItem CatalogListItem
+  CatalogLoader CatalogManager CatalogXMLParser ScrambledText)
 list(JOIN classes "|" names)
 set(public "Orvida::Catalogs::(${names})::|CCatalogTokenizer::|ICatalogFileNameProvider::")
 set(meta "(vtable|typeinfo|typeinfo name) for (Orvida::Catalogs::(${names})|ICatalogFileNameProvider)$")
