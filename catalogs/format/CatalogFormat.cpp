@@ -346,6 +346,12 @@ const CatalogFormat::Record *CatalogFormat::record(QLatin1String name)
     return findRecord(name);
 }
 
+const CatalogFormat::Record &CatalogFormat::record(int token)
+{
+    return *std::find_if(std::begin(recordRows), std::end(recordRows),
+                         [token](const Record &record) { return record.token == token; });
+}
+
 const CatalogFormat::Field *CatalogFormat::field(QStringView name)
 {
     return findField(name);

@@ -128,6 +128,9 @@ public:
     /// The record whose element is `name`; null for any other name, that of the root included.
     static const Record *record(QStringView name);
     static const Record *record(QLatin1String name);
+    /// The record with the value `token` in `CCatalogTokenizer::CatalogToken`, which must be that of a
+    /// record.
+    static const Record &record(int token);
 
     /// The field whose element is `name`, of whatever record; null for any other name.
     static const Field *field(QStringView name);

@@ -3,6 +3,7 @@
 // steps.
 #pragma once
 
+#include "catalogs/format/CatalogFormat.h"
 #include "catalogs/model/CatalogItem.h"
 #include "catalogs/model/MakeShared_p.h"
 #include "catalogs/reading/CCatalogTokenizer.h"
@@ -16,6 +17,7 @@
 #include <QVector>
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
 
@@ -69,13 +71,8 @@ public:
 private:
     using Section = CCatalogTokenizer::CatalogToken;
 
-    // A key without which a record is refused.
-    struct RequiredKey
-    {
-        const char *field;
-        const QString &value;
-    };
-    using RequiredKeys = std::initializer_list<RequiredKey>;
+    // The values of the fields that the format requires of a record, in the format's order.
+    using RequiredValues = std::initializer_list<const QString *>;
 
     // Sections count only where readDocument meets them: at the top and inside root elements.
     [[nodiscard]] bool readSection()
@@ -100,20 +97,18 @@ private:
     }
 
     // Reads one record, from its start tag to its own end tag: hands each known field with its text to `set`,
-    // checks the required keys, and ends with `store`. False when a key is missing, or when the file ends, or
-    // its XML breaks, inside the record.
+    // checks the required values, and ends with `store`. False when a value is missing, or when the file
+    // ends, or its XML breaks, inside the record.
     template <typename Token, typename Set, typename Store>
-    [[nodiscard]] bool readRecord(const char *name, Token (*tokenOf)(const QStringRef &),
-                                  RequiredKeys requiredKeys, Set set, Store store)
+    [[nodiscard]] bool readRecord(Section section, Token (*tokenOf)(const QStringRef &),
+                                  RequiredValues requiredValues, Set set, Store store)
     {
         // A refused record is reported where its missing field belongs, and not at its end.
         const qint64 line = m_xml.lineNumber();
         const qint64 column = m_xml.columnNumber() + 1;
         if (!readFields(tokenOf, set))
             return false;
-        if (!checkRequired(requiredKeys)) {
-            m_failure.reason = CatalogReadFailure::RecordRefused;
-            m_failure.record = QString::fromLatin1(name);
+        if (!checkRequired(section, requiredValues)) {
             m_failure.line = line;
             m_failure.column = column;
             return false;
@@ -152,13 +147,20 @@ private:
         return false;
     }
 
-    [[nodiscard]] bool checkRequired(RequiredKeys keys)
+    [[nodiscard]] bool checkRequired(Section section, RequiredValues values)
     {
-        for (const RequiredKey &key : keys) {
-            if (key.value.isEmpty())
-                m_failure.missingFields.append(QString::fromLatin1(key.field));
+        if (std::none_of(values.begin(), values.end(), [](const QString *value) { return value->isEmpty(); }))
+            return true;
+        const CatalogFormat::Record &record = CatalogFormat::record(static_cast<int>(section));
+        m_failure.reason = CatalogReadFailure::RecordRefused;
+        m_failure.record = record.name;
+        auto field = record.requiredFields().begin();
+        for (const QString *value : values) {
+            if (value->isEmpty())
+                m_failure.missingFields.append((*field)->name);
+            ++field;
         }
-        return m_failure.missingFields.isEmpty();
+        return false;
     }
 
     [[nodiscard]] bool readProfile()
@@ -175,7 +177,7 @@ private:
             case Field::Unknown: break;
             }
         };
-        return readRecord("CATPRO", &CCatalogTokenizer::stringToProfileToken, {{"PRO_PK", profile.pk}}, set,
+        return readRecord(Section::CATPRO, &CCatalogTokenizer::stringToProfileToken, {&profile.pk}, set,
                           [&] { append(m_records.m_profiles, std::move(profile)); });
     }
 
@@ -192,8 +194,8 @@ private:
             case Field::Unknown: break;
             }
         };
-        return readRecord("CPX", &CCatalogTokenizer::stringToProfileExtensionToken,
-                          {{"CPX_PK", extension.pk}, {"CPX_Profile_FK", extension.profileFk}}, set,
+        return readRecord(Section::CPX, &CCatalogTokenizer::stringToProfileExtensionToken,
+                          {&extension.pk, &extension.profileFk}, set,
                           [&] { append(m_records.m_profileExtensions, std::move(extension)); });
     }
 
@@ -228,8 +230,8 @@ private:
             case Field::Unknown: break;
             }
         };
-        return readRecord("COL", &CCatalogTokenizer::stringToColumnToken,
-                          {{"COL_Profile_FK", column.profileFk}, {"COL_Column_ID", column.columnId}}, set,
+        return readRecord(Section::COL, &CCatalogTokenizer::stringToColumnToken,
+                          {&column.profileFk, &column.columnId}, set,
                           [&] { storeColumn(std::move(column)); });
     }
 
@@ -254,8 +256,8 @@ private:
             case Field::Unknown: break;
             }
         };
-        return readRecord("LC", &CCatalogTokenizer::stringToListClassToken,
-                          {{"LC_Profile_FK", listClass.profileFk}, {"LC_Class_ID", listClass.classId}}, set,
+        return readRecord(Section::LC, &CCatalogTokenizer::stringToListClassToken,
+                          {&listClass.profileFk, &listClass.classId}, set,
                           [&] { append(m_records.m_listClasses, std::move(listClass)); });
     }
 
@@ -275,8 +277,7 @@ private:
             case Field::Unknown: break;
             }
         };
-        return readRecord("LIST", &CCatalogTokenizer::stringToListItemToken,
-                          {{"LIST_Class_FK", listItem.classFk}}, set,
+        return readRecord(Section::LIST, &CCatalogTokenizer::stringToListItemToken, {&listItem.classFk}, set,
                           [&] { append(m_records.m_listItems[listItem.classFk], std::move(listItem)); });
     }
 
@@ -295,8 +296,8 @@ private:
             case Field::Unknown: break;
             }
         };
-        return readRecord("CLASS", &CCatalogTokenizer::stringToCodeClassToken, {{"CLASS_PK", item->id()}},
-                          set, [&] { storeItem(item); });
+        return readRecord(Section::CLASS, &CCatalogTokenizer::stringToCodeClassToken, {&item->id()}, set,
+                          [&] { storeItem(item); });
     }
 
     [[nodiscard]] bool readBaseCode()
@@ -323,7 +324,7 @@ private:
             case Field::Unknown: break;
             }
         };
-        return readRecord("BASECODE", &CCatalogTokenizer::stringToBaseCodeToken, {{"BC_PK", item->id()}}, set,
+        return readRecord(Section::BASECODE, &CCatalogTokenizer::stringToBaseCodeToken, {&item->id()}, set,
                           [&] { storeItem(item); });
     }
 
@@ -355,8 +356,8 @@ private:
             case Field::Unknown: break;
             }
         };
-        return readRecord("CHAREXT", &CCatalogTokenizer::stringToCharacterExtensionToken,
-                          {{"CE_PK", item->id()}}, set, [&] { storeItem(item); });
+        return readRecord(Section::CHAREXT, &CCatalogTokenizer::stringToCharacterExtensionToken,
+                          {&item->id()}, set, [&] { storeItem(item); });
     }
 
     void storeItem(const QSharedPointer<CatalogItem> &item) { m_items.insert(item->id(), item); }
@@ -380,8 +381,8 @@ private:
             case Field::Unknown: break;
             }
         };
-        return readRecord("PARAM", &CCatalogTokenizer::stringToParameterToken, {{"PARAM_PK", parameter.pk}},
-                          set, [&] { m_records.m_parameters[parameter.pk] = std::move(parameter); });
+        return readRecord(Section::PARAM, &CCatalogTokenizer::stringToParameterToken, {&parameter.pk}, set,
+                          [&] { m_records.m_parameters[parameter.pk] = std::move(parameter); });
     }
 
     [[nodiscard]] bool readParameterExtension()
@@ -410,8 +411,8 @@ private:
             case Field::Unknown: break;
             }
         };
-        return readRecord("PARAMX", &CCatalogTokenizer::stringToParameterExtensionToken, {{"PX_PK", key}},
-                          set, [&] { storeParameterExtension(key, std::move(extension)); });
+        return readRecord(Section::PARAMX, &CCatalogTokenizer::stringToParameterExtensionToken, {&key}, set,
+                          [&] { storeParameterExtension(key, std::move(extension)); });
     }
 
     void storeParameterExtension(const QString &key, CatalogParserParamExtended &&extension)
