@@ -72,7 +72,7 @@ void CLogger::logMessage(LogLevel level, const QString &category, const QString 
     const QtMsgType type = messageTypeOf(level);
     if (!qtCategory.isEnabled(type))
         return;
-    // Handed over as it is: a debug stream would quote it or trim its last blank.
+    // Passed on as it is: a debug stream would quote it or trim its last space.
     qt_message_output(type, QMessageLogContext(nullptr, 0, nullptr, qtCategory.categoryName()), message);
 }
 

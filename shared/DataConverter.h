@@ -16,9 +16,9 @@ class DataConverter
 public:
     /// True for "true", false for "false", in any letter case and as a whole.
     ///
-    /// Anything else, an empty or blank-padded text included, is false and logged as an error of the
-    /// category "DataConverter". Defined here, because whoever reads text instantiates it for the text
-    /// type in hand (`QString`, `QStringRef`).
+    /// Anything else, an empty text or one with white space around it included, is false and logged as
+    /// an error of the category "DataConverter". Defined here, because callers instantiate it for their own
+    /// text type (`QString`, `QStringRef`).
     template <typename Text>
     static bool stringToBool(const Text &text);
 

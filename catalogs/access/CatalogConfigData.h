@@ -1,4 +1,4 @@
-// Where catalog files lie: what the host sets once, at start-up.
+// Where catalog files are: what the host sets once, at start-up.
 #pragma once
 
 #include "catalogs/CatalogsExport.h"
@@ -18,17 +18,17 @@ class CatalogConfigData
 public:
     CatalogConfigData() = delete;
 
-    /// Sets the provider, in place of an earlier one; null switches the search for files off. Not owned.
+    /// Replaces the provider; null switches path look-up off. Not owned.
     ORVIDA_CATALOGS_EXPORT static void setCatalogFileNameProvider(ICatalogFileNameProvider *provider);
 
-    /// Sets the folder, exactly as it is to stand before file names: it ends with a separator, unless the
+    /// Replaces the folder. It is put before file names as it is: end it with a separator, unless the
     /// provider's names begin with one. An empty or null folder leaves the names as they are.
     ORVIDA_CATALOGS_EXPORT static void setCatalogFolderPath(const QString &path);
 
     /// The folder followed directly by the provider's name for the catalog `catalogId`.
     ///
     /// Null without a provider; the provider's empty answer, without the folder, for an identifier that it
-    /// does not know. Whether there is such a file is not looked at. Any thread may call it.
+    /// does not know. Does not check that the file exists. Any thread may call it.
     ORVIDA_CATALOGS_EXPORT static QString findCatalogPath(const QString &catalogId);
 
 private:

@@ -39,13 +39,13 @@ public:
     /// held for the whole call, signals included: other callers wait, and a receiver that runs inside the
     /// emission must not call `getCatalog`. The caller shares the catalog with the cache and all others.
     ///
-    /// An exception comes through and frees the lock: from the provider or for lack of memory, and then
-    /// nothing is kept and no signal was sent; from a receiver, and then a loaded catalog stays in the cache.
+    /// Exceptions propagate and release the lock. From the provider or for lack of memory: nothing is kept
+    /// and no signal was sent. From a receiver: a loaded catalog stays in the cache.
     CatalogSptr getCatalog(QString catalogId);
 
     /// Whether the catalog `catalogId` supports 3D, read from its file without loading it.
     ///
-    /// False when there is no such file or no such mark in it. The first answer for an identifier is kept
+    /// False when the file or the mark in it is missing. The first answer for an identifier is kept
     /// for the life of the process. Does not wait for a running `getCatalog`.
     bool is3DSupportedCatalog(QString catalogId);
 

@@ -1,4 +1,4 @@
-// What a host implements to tell which file holds a catalog.
+// What a host implements to say which file holds a catalog.
 #pragma once
 
 #include "catalogs/CatalogsExport.h"
@@ -11,7 +11,7 @@ class ORVIDA_CATALOGS_EXPORT ICatalogFileNameProvider
 {
 public:
     /// The name of the file of the catalog `catalogId`, with its extension and with any leading path parts;
-    /// an empty text when there is no such catalog.
+    /// an empty text for an unknown catalog.
     ///
     /// Called from every thread that asks for catalogs, possibly from several at once and with the
     /// manager's lock held: it must not ask the manager for a catalog.

@@ -15,9 +15,9 @@ public:
     /// Loads the file `filePath` into a new catalog with the identifier `catalogId`, which may be any text.
     ///
     /// Never gives an empty pointer. The status is `Loaded`, or `LoadFailed` when the file cannot be opened
-    /// (an empty path, a folder), is no well-formed XML, or has a record without its keys; the catalog then
+    /// (an empty path, a folder), is not well-formed XML, or has a record without its keys; the catalog then
     /// holds what was read until there, unlinked. The caller owns the catalog and alone sees it. Any thread
-    /// may call it. When memory runs out, `std::bad_alloc` comes through and nothing is left behind.
+    /// may call it. When memory runs out, `std::bad_alloc` propagates and nothing leaks.
     CatalogSptr loadCatalog(const QString &filePath, const QString &catalogId);
 };
 

@@ -12,7 +12,7 @@ namespace Orvida::Catalogs {
 namespace {
 
 using Logging::CLogger;
-// Plain entries: what a catalog's entry has beyond them stays behind when it is put into the list.
+// Plain entries: the placeholder of a catalog's entry is lost when it is put into the list.
 using Entries = QList<Shared::ListItem>;
 using Items = QList<CatalogParserListItem>;
 using Parameters = QHash<QString, CatalogParserParameter>;

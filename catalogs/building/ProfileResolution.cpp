@@ -12,10 +12,10 @@ using Profiles = QList<CatalogParserProfile>;
 using Extensions = QList<CatalogParserProfileExtended>;
 using Mark = bool CatalogParserProfileExtended::*;
 
-// Which of several profiles with one sort order comes first shows in the choice, so the kind of sort is part
-// of what hosts see: an introspective sort, which takes the median of three and inserts in ranges of up to
-// 16, so that up to 16 profiles keep their file order. The sort of GNU's standard library is exactly that
-// one; a test notices where it is not.
+// Which of several profiles with equal sort orders comes first decides the choice, so the sort is part of
+// what hosts see: an introspective sort with median of three and insertion for ranges of up to 16, so that up
+// to 16 profiles keep their file order. The sort of GNU's standard library is exactly that; a test fails
+// where it is not.
 Profiles sortedProfiles(Profiles profiles)
 {
     std::sort(profiles.begin(), profiles.end(),

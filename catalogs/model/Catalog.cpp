@@ -15,7 +15,7 @@ Catalog::Catalog(QString catalogId)
 Catalog::~Catalog()
 {
     m_parentLoops->cut();
-    // Items that the host keeps must not look for their profile in a catalog that is gone.
+    // Items that the host keeps must not look for their profile in a destroyed catalog.
     for (const QSharedPointer<CatalogItem> &item : std::as_const(m_items)) {
         if (item && item->catalog() == this)
             item->setCatalog(nullptr);

@@ -16,11 +16,11 @@ class ParentLoops;
 
 /// A coding catalog. The loader makes and fills it; every holder of a `CatalogSptr` sees the same object.
 ///
-/// The catalog owns its items together with whoever else holds them; items do not keep the catalog alive.
+/// The catalog owns its items together with all other holders; items do not keep the catalog alive.
 /// There is no lock, and even look-ups write (those that give a reference insert what is missing): the
-/// host lets one thread at a time use one catalog. Nothing here fails or logs; orphans alone are reported,
-/// on standard output; what adds to a table may throw `std::bad_alloc`. Keys are compared exactly, letter
-/// case included; a null and an empty text are the same key.
+/// host lets one thread at a time use one catalog. Nothing here fails or logs; only orphans are reported,
+/// on standard output; operations that add to a table may throw `std::bad_alloc`. Keys are compared exactly,
+/// letter case included; a null and an empty text are the same key.
 class ORVIDA_CATALOGS_EXPORT Catalog
 {
 public:
@@ -33,17 +33,17 @@ public:
 
     /// An empty catalog for `catalogId`, which may be any text: status `NotLoaded`, null profile.
     explicit Catalog(QString catalogId);
-    /// Releases the items. Those that the host still holds live on with their children, without a catalog;
-    /// a loop of parents is opened in one place.
+    /// Releases the items. Those that the host still holds keep their children, but have no catalog any more;
+    /// each loop of parents is cut in one place.
     ~Catalog();
     Q_DISABLE_COPY(Catalog)
 
     /// The identifier that the catalog was requested with.
     QString catalogId() const { return m_catalogId; }
 
-    /// The items by id, writable; the root lies under the empty key. Belongs to the catalog. Items added
-    /// after the catalog was linked are in the table, but not in the tree. Who takes an item out of the table
-    /// and keeps it sets its catalog to null: the catalog no longer does that when it goes.
+    /// The items by id, writable; the root has the empty key. Belongs to the catalog. Items added after the
+    /// catalog was linked are in the table, but not in the tree. If you remove an item from the table but
+    /// keep it, call `setCatalog(nullptr)` on it; the catalog no longer does.
     QHash<QString, QSharedPointer<CatalogItem>> &getCatalogItems() { return m_items; }
 
     /// How far loading has come; `NotLoaded` until it is set.
@@ -64,7 +64,7 @@ public:
     QSharedPointer<CatalogItem> &getItemById(const QString &id) { return m_items[id]; }
 
     /// The place for the item that answers for `code`; otherwise as `getItemById`. The empty code gives the
-    /// root. Where a child bears the code of its parent, the child answers for it.
+    /// root. Where a child has the code of its parent, the child answers for it.
     QSharedPointer<CatalogItem> &getItem(const QString &code) { return m_itemsByCode[code]; }
 
     /// Stores a copy of `codes` for the profile with the key `profile`, in place of earlier ones.

@@ -13,8 +13,8 @@ namespace Orvida::Catalogs {
 /// the file unchanged, so there are no enumerators and any value is valid.
 enum TypeFlags : qint64 {};
 
-/// One input field of a catalog item. A value type: copies are independent of each other, and whoever
-/// holds a copy owns it. Not guarded: one thread at a time uses an object.
+/// One input field of a catalog item. A value type: copies are independent of each other.
+/// No lock: one thread at a time uses an object.
 class ORVIDA_CATALOGS_EXPORT CatalogInputField : public Shared::InputField
 {
 public:
@@ -28,7 +28,7 @@ public:
 
     /// Text before the value.
     QString prefix() const { return m_prefix; }
-    /// Text behind the value.
+    /// Text after the value.
     QString suffix() const { return m_suffix; }
     /// Name by which the observation text of the item refers to this field, such as "@CLK".
     QString observationTextParamName() const { return m_observationTextParamName; }

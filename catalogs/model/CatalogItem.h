@@ -54,7 +54,8 @@ public:
     const QString &remarks() const { return m_remarks; }
     /// Free for the host; the library leaves it null.
     const QString &iconId() const { return m_iconId; }
-    /// Text of an observation with this code; names such as "@CLK" in it stand for the values of fields.
+    /// Text of an observation with this code; names such as "@CLK" in it are placeholders for values of
+    /// fields.
     const QString &observationText() const { return m_observationText; }
     /// Close code, as the file has it; its meaning belongs to the host.
     const QString &closeCode() const { return m_closeCode; }
@@ -74,7 +75,7 @@ public:
 
     /// \name Setters
     /// Each replaces one value; any value is stored as it is, null and empty texts included. Nothing else
-    /// changes: the catalog's tables and an order that was made already stay as they are.
+    /// changes: the catalog's tables and lists that are already ordered stay as they are.
     /// \{
     void setId(const QString &id) { m_id = id; }
     void setParentId(const QString &parentId) { m_parentId = parentId; }
@@ -100,8 +101,8 @@ public:
     /// order. A null child is listed too and counts as sort order 0.
     void addChildItem(const QSharedPointer<CatalogItem> &child);
 
-    /// Removes `child` from the children, every time it is listed; nothing when it is no child. The order of
-    /// the others stays. Opens a loop that was made with `addChildItem`.
+    /// Removes `child` from the children, every time it is listed; does nothing for any other item. The order
+    /// of the others stays. Opens a loop that was made with `addChildItem`.
     void removeChildItem(const QSharedPointer<CatalogItem> &child);
 
     /// The children by ascending sort order; empty when there are none.

@@ -9,7 +9,7 @@
 namespace Orvida::Catalogs {
 
 /// A shared pointer to a new `T`. In place of `QSharedPointer::create`, which reads an uninitialised pointer
-/// when there is no memory for the object, and of `QSharedPointer(new T)`, which loses the object when there
+/// when there is no memory for the object, and of `QSharedPointer(new T)`, which leaks the object when there
 /// is none for the counter.
 template <typename T, typename... Arguments>
 QSharedPointer<T> makeShared(Arguments &&...arguments)

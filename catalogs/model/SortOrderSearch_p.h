@@ -53,7 +53,7 @@ public:
     }
 
 private:
-    // A place that the list does not have is met by no search.
+    // The default matches no search: for places beyond the end of the list.
     struct Node
     {
         int smallest = std::numeric_limits<int>::max();

@@ -18,10 +18,10 @@ namespace Orvida::Catalogs {
 /// it recurses into the smaller part only; parts are ordered independently of each other, so the result is
 /// the same, and no input can make the stack deeper than the logarithm of the list's length.
 ///
-/// Sort orders can be chosen so that every part is hardly shorter than the one before, which costs the square
-/// of the length. So once a list has cost several times as much as usual, what is to be exchanged is no
-/// longer looked for element by element, but in a tree of the sort orders. The exchanges stay the same, and a
-/// part has no more of them than its smaller half has elements: a million elements stay a matter of seconds.
+/// Sort orders can be chosen so that every part is hardly shorter than the one before, which makes the
+/// quicksort quadratic. So once a list has cost several times as much as usual, the next exchange is found
+/// through a tree of the sort orders instead of element by element. The exchanges stay the same, and a part
+/// has no more of them than its smaller half has elements: a million elements stay a matter of seconds.
 template <typename Element, typename SortOrderOf>
 class SortOrdering
 {
@@ -73,7 +73,7 @@ private:
         try {
             m_search.build(m_list.size(), [this](int place) { return sortOrderAt(place); });
         } catch (const std::bad_alloc &) {
-            // No memory for the tree: the list is ordered without it, only slowly.
+            // No memory for the tree: the list is ordered without it, slowly.
         }
     }
 
@@ -99,8 +99,8 @@ private:
         return high;
     }
 
-    // Puts the median of first, middle and last element to where it belongs, smaller elements before it
-    // and greater ones behind it, and gives its place; -1 when that has ordered the whole range.
+    // Puts the median of first, middle and last element where it belongs, smaller elements before it
+    // and greater ones after it, and returns its place; -1 when that has ordered the whole range.
     template <bool isSearching>
     int partition(int start, int end)
     {
@@ -153,8 +153,7 @@ private:
 template <typename Element, typename SortOrderOf>
 void orderBySortOrder(QList<Element> &list, SortOrderOf sortOrderOf)
 {
-    // Sort orders that were not chosen for it spend between one and two times the number of elements for each
-    // time that it can be halved.
+    // Ordinary sort orders cost one to two times n log2(n) for n elements.
     const int halvings = 32 - static_cast<int>(qCountLeadingZeroBits(static_cast<quint32>(list.size())));
     const qint64 budget = Q_INT64_C(4) * list.size() * halvings;
     SortOrdering<Element, SortOrderOf>(list, sortOrderOf, budget).order(0, list.size());

@@ -33,8 +33,8 @@ std::vector<Names> vocabulary()
     return tables;
 }
 
-// The keys of the tables view these texts: they stand before the tokenizer in this file, so that they are
-// made before it and destroyed after it.
+// The keys of the tables view these texts: defined before the tokenizer, they are constructed
+// before it and destroyed after it.
 const std::vector<Names> nameConstants = vocabulary();
 
 template <typename Token>

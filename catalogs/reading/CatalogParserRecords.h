@@ -1,5 +1,5 @@
 // The records of a catalog file that are no items: filled by the reader, turned into lists, fields and the
-// profile by the loader. Plain values; beside each field stands the element that it comes from, and a text
+// profile by the loader. Plain values; each field names the element that it comes from, and a text
 // whose element the file leaves out is null. A list class names the list entry of building, the one arrow
 // from reading upwards.
 #pragma once
@@ -67,7 +67,7 @@ struct CatalogParserListClass
     QString profileFk;            ///< LC_Profile_FK
     QString caption;              ///< LC_Caption, decoded
     int typeFlags = 0;            ///< LC_TypeFlags
-    QList<CatalogListItem> items; ///< Stays empty: entries lie in the parser's list items.
+    QList<CatalogListItem> items; ///< Stays empty: entries are in the parser's list items.
 };
 
 /// A `LIST` record: an entry of the list class `classFk`.

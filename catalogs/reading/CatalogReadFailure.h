@@ -1,4 +1,4 @@
-// Why a catalog file could not be read, for whoever has to mend the file. A plain value.
+// Why a catalog file could not be read, for the author who has to fix the file. A plain value.
 #pragma once
 
 #include <QString>
@@ -6,19 +6,19 @@
 
 namespace Orvida::Catalogs {
 
-/// What `CatalogXMLParser::readFile` stumbled over, and where.
+/// Why `CatalogXMLParser::readFile` failed, and where.
 struct CatalogReadFailure
 {
     /// What kind of failure it was.
     enum Reason {
         None,          ///< Nothing failed.
         FileNotRead,   ///< The file could not be opened, or reading it broke off.
-        NotWellFormed, ///< The file is no well-formed XML, or ends too early.
+        NotWellFormed, ///< The file is not well-formed XML, or ends too early.
         RecordRefused, ///< A record lacks a key that it must have.
     };
 
     Reason reason = None;
-    /// Line and column, both from 1: where the XML breaks, or right behind the start tag of the refused
+    /// Line and column, both from 1: where the XML breaks, or directly after the start tag of the refused
     /// record. 0 when the file could not be opened.
     qint64 line = 0;
     qint64 column = 0;

@@ -19,9 +19,9 @@ namespace Orvida::Catalogs {
 /// Reads one catalog file in one forward pass.
 ///
 /// Code classes, base codes and character extensions become items in a table that the caller gives; all
-/// other records go into the seven public containers. A parser serves one thread and one call of
+/// other records go into the seven public containers. Use a parser on one thread, for one call of
 /// `readFile` or `readCatalogStyleFlag`; several parsers may run at once. It never throws by itself and
-/// logs nothing but the texts that are no booleans.
+/// logs only texts that are not booleans.
 class ORVIDA_CATALOGS_EXPORT CatalogXMLParser
 {
 public:

@@ -1,4 +1,4 @@
-// The conversions of a field's text to what is no text. For the reader's own use.
+// Converts the text of a field to numbers, flags and types. For the reader's own use.
 #pragma once
 
 #include "catalogs/model/CatalogItem.h"

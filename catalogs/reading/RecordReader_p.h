@@ -235,7 +235,7 @@ private:
                           [&] { storeColumn(std::move(column)); });
     }
 
-    // A column of no known type is dropped; that is no fault of the file.
+    // A column of no known type is dropped; that is not an error in the file.
     void storeColumn(CatalogParserColumn &&column)
     {
         if (column.dataType != Shared::InputField::Undefined)

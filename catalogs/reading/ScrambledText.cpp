@@ -44,8 +44,8 @@ int digitValue(QChar digit)
     return digit.unicode() < digitValues.size() ? digitValues[digit.unicode()] : -1;
 }
 
-// The byte that a pair of characters writes. Two plain digits are nearly every pair; Qt's conversion takes
-// some more, such as a sign or a blank beside one digit, and has the last word on all others.
+// The byte that a pair of characters writes. Fast path for two plain digits; everything else falls back to
+// Qt, which also accepts, for instance, a sign or a space beside one digit.
 uchar byteOf(const QChar *pair)
 {
     const int high = digitValue(pair[0]);

@@ -19,8 +19,8 @@ public:
 
     /// The text that `scrambled` stands for.
     ///
-    /// Never fails: a last odd character is ignored, a pair that is no number stands for a zero byte, the
-    /// text ends before the first zero byte, and bytes that are no UTF-8 become replacement characters.
+    /// Never fails: a last odd character is ignored, a pair that is not a number counts as a zero byte,
+    /// the text ends before the first zero byte, and bytes that are not UTF-8 become replacement characters.
     /// Shorter than two characters gives the empty string.
     static QString decode(const QStringRef &scrambled);
 
