@@ -47,10 +47,11 @@ QString composedCaption(const QString &caption, const CatalogInputField &field)
     return QStringLiteral("%1 (%2 - %3)").arg(caption, minimum, maximum);
 }
 
-// The setters are the host's, and a host sees their order.
+// The setters are the host's, and a host sees their order. `caption` is that of the extension's field before:
+// the captions are mostly equal in all profiles, and then share one string.
 CatalogInputField builtField(const CatalogParserParamExtended &extension,
                              const CatalogParserParameter &parameter, const CatalogParserColumn &column,
-                             const ListLookup &lists)
+                             const ListLookup &lists, QString &caption)
 {
     CatalogInputField field;
     field.setBoundColumn(extension.columnId);
@@ -72,7 +73,10 @@ CatalogInputField builtField(const CatalogParserParamExtended &extension,
     field.setSortOrder(parameter.sortOrder);
     field.setDataType(static_cast<InputField::DataType>(parameter.dataType));
     field.setTypeFlags(static_cast<TypeFlags>(parameter.typeFlags));
-    field.setCaption(composedCaption(parameter.caption, field));
+    const QString composed = composedCaption(parameter.caption, field);
+    if (composed != caption)
+        caption = composed;
+    field.setCaption(caption);
     const auto listsOfProfile = lists.constFind(column.profileFk);
     if (listsOfProfile != lists.constEnd() && !extension.listClassId.isEmpty()) {
         const auto entries = listsOfProfile->constFind(extension.listClassId);
@@ -117,11 +121,12 @@ void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const Li
                                 QStringLiteral("Catalog item ") + itemKey + QStringLiteral(" not found!"));
             continue;
         }
-        const auto parameter = parser.m_parameters.constFind(extension.paramFk);
-        const bool hasParameter = parameter != parser.m_parameters.constEnd();
+        const auto found = parser.m_parameters.constFind(extension.paramFk);
+        const CatalogParserParameter &parameter =
+            found != parser.m_parameters.constEnd() ? *found : noParameter;
+        QString caption = parameter.caption;
         for (const CatalogParserColumn *column : columns.value(extension.columnId))
-            (*item)->addField(column->profileFk,
-                              builtField(extension, hasParameter ? *parameter : noParameter, *column, lists));
+            (*item)->addField(column->profileFk, builtField(extension, parameter, *column, lists, caption));
     }
 }
 
