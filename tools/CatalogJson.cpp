@@ -1,7 +1,8 @@
 #include "tools/CatalogJson.h"
 
 #include "tools/DisplayOrder.h"
-#include "tools/FieldJson.h"
+#include "tools/FieldProperties.h"
+#include "tools/JsonText.h"
 
 #include <QJsonArray>
 #include <QJsonValue>
@@ -23,16 +24,20 @@ QJsonArray childIds(CatalogItem &item)
     return ids;
 }
 
-QJsonObject fieldsOfProfiles(Catalog &catalog, CatalogItem &item, const QStringList &profiles)
+// Asking for fields makes them. Those of all profiles of all items would take many times the memory of the
+// catalog, so they are dropped at once.
+QJsonObject takeFields(Catalog &catalog, CatalogItem &item, const QStringList &profiles)
 {
     QJsonObject byProfile;
     for (const QString &profile : profiles) {
         catalog.setProfile(profile);
-        QJsonArray fields;
-        for (const CatalogInputField &field : displayedFields(item))
-            fields.append(fieldToJson(field));
-        if (!fields.isEmpty())
-            byProfile.insert(profile, fields);
+        QJsonArray array;
+        QList<CatalogInputField> &fields = item.getFields();
+        for (const CatalogInputField &field : qAsConst(fields))
+            array.append(fieldToJson(field));
+        fields.clear();
+        if (!array.isEmpty())
+            byProfile.insert(profile, array);
     }
     return byProfile;
 }
@@ -56,7 +61,7 @@ QJsonObject itemToJson(Catalog &catalog, CatalogItem &item, const QStringList &p
         {QStringLiteral("autoPicture"), item.autoPicture()},
         {QStringLiteral("isVirtual"), item.isVirtual()},
         {QStringLiteral("children"), childIds(item)},
-        {QStringLiteral("fields"), fieldsOfProfiles(catalog, item, profiles)},
+        {QStringLiteral("fields"), takeFields(catalog, item, profiles)},
     };
 }
 
@@ -77,21 +82,33 @@ QJsonObject codesOfProfiles(Catalog &catalog, const QStringList &profiles)
 
 } // namespace
 
-QJsonObject catalogToJson(Catalog &catalog, const QStringList &profiles, qint64 style)
+// The members before the items and those after them are written as objects of their own that lack a brace.
+void CatalogJson::write(Catalog &catalog, const QStringList &profiles, qint64 style)
 {
-    const QString chosenProfile = catalog.profile();
-    QJsonArray items;
-    for (const ItemPointer &item : displayedItems(catalog))
-        items.append(itemToJson(catalog, *item, profiles));
-    const QJsonObject codes = codesOfProfiles(catalog, profiles);
-    catalog.setProfile(chosenProfile);
-    return {
+    const QJsonObject after{
         {QStringLiteral("style"), jsonOf(style)},
-        {QStringLiteral("profile"), jsonOf(chosenProfile)},
+        {QStringLiteral("profile"), jsonOf(catalog.profile())},
         {QStringLiteral("profiles"), QJsonArray::fromStringList(profiles)},
-        {QStringLiteral("continousDefectCodes"), codes},
-        {QStringLiteral("items"), items},
     };
+    const QJsonObject before{{QStringLiteral("continousDefectCodes"), codesOfProfiles(catalog, profiles)}};
+    const bool isIndented = m_format == QJsonDocument::Indented;
+    const int brace = isIndented ? 2 : 1; // with its line break
+    QByteArray head = jsonText(before, m_format);
+    head.chop(brace);
+    m_write(head + (isIndented ? ",\n    \"items\": [\n" : ",\"items\":["));
+    writeItems(catalog, profiles);
+    m_write((isIndented ? "\n    ],\n" : "],") + jsonText(after, m_format).mid(brace) + '\n');
+}
+
+void CatalogJson::writeItems(Catalog &catalog, const QStringList &profiles)
+{
+    constexpr int margin = 8;
+    const bool isIndented = m_format == QJsonDocument::Indented;
+    QByteArray separator(isIndented ? margin : 0, ' ');
+    for (const ItemPointer &item : displayedItems(catalog)) {
+        m_write(separator + jsonText(itemToJson(catalog, *item, profiles), m_format, margin));
+        separator = isIndented ? ",\n" + QByteArray(margin, ' ') : QByteArray(",");
+    }
 }
 
 } // namespace Orvida::Tools

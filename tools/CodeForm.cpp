@@ -1,7 +1,7 @@
 #include "tools/CodeForm.h"
 
 #include "tools/DisplayOrder.h"
-#include "tools/FieldText.h"
+#include "tools/FieldProperties.h"
 
 #include <QSet>
 #include <QStringList>
@@ -38,6 +38,28 @@ QString pathOf(const QHash<QString, QSharedPointer<CatalogItem>> &items, const C
     return path.join(QStringLiteral(" \u203A "));
 }
 
+QString name(const CatalogItem &item)
+{
+    return item.code().isEmpty() ? item.id() : item.code();
+}
+
+// Which siblings have the sort order of `item`.
+QString tiesOf(const QHash<QString, QSharedPointer<CatalogItem>> &items, const CatalogItem &item)
+{
+    const QSharedPointer<CatalogItem> parent = items.value(item.parentId());
+    QStringList names;
+    if (parent && !item.id().isEmpty()) {
+        for (const QSharedPointer<CatalogItem> &sibling : displayedChildren(*parent)) {
+            if (sibling->id() != item.id() && sibling->sortOrder() == item.sortOrder())
+                names << name(*sibling);
+        }
+    }
+    if (names.isEmpty())
+        return QString();
+    return QStringLiteral("open; %1 with the same sort order %2, hosts show them in any order")
+        .arg(names.join(QStringLiteral(", ")), QString::number(item.sortOrder()));
+}
+
 QString numberUnlessZero(int number)
 {
     return number == 0 ? QString() : QString::number(number);
@@ -48,7 +70,7 @@ QString numberUnlessZero(int number)
 void CodeForm::print(Catalog &catalog, CatalogItem &item)
 {
     printHead(catalog, item);
-    const QList<CatalogInputField> fields = displayedFields(item);
+    const QList<CatalogInputField> fields = item.getFields();
     if (fields.isEmpty())
         m_out << "\n  no fields in this profile\n";
     for (const CatalogInputField &field : fields)
@@ -71,13 +93,22 @@ void CodeForm::printHead(Catalog &catalog, const CatalogItem &item)
     printProperty(none, QStringLiteral("virtual"), item.isVirtual() ? QStringLiteral("yes") : none);
     printProperty(none, QStringLiteral("construction"), numberUnlessZero(item.constructionType()));
     printProperty(none, QStringLiteral("type flags"), numberUnlessZero(static_cast<int>(item.typeFlags())));
+    printProperty(none, QStringLiteral("order"), tiesOf(catalog.getCatalogItems(), item));
 }
 
 void CodeForm::printField(const CatalogItem &item, const CatalogInputField &field)
 {
     m_out << "\n  " << m_style.title(OutputStyle::singleLine(field.caption())) << '\n';
-    for (const auto &[label, text] : fieldProperties(field, m_listNames.nameOf(item, field)))
-        printProperty(QStringLiteral("    "), label, text);
+    const QString listName = m_origins.listNameOf(item, field);
+    const auto &properties = fieldProperties();
+    for (auto property = properties.begin() + 1; property != properties.end();) {
+        QStringList words;
+        const QLatin1String label = property->label;
+        for (; property != properties.end() && property->label == label; ++property)
+            words << property->toWords(field, listName);
+        words.removeAll(QString());
+        printProperty(QStringLiteral("    "), label, words.join(QStringLiteral(", ")));
+    }
     printEntries(field.itemList());
 }
 

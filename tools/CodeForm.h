@@ -2,7 +2,7 @@
 #pragma once
 
 #include "catalogs/model/Catalog.h"
-#include "tools/ListNames.h"
+#include "tools/FieldOrigins.h"
 #include "tools/OutputStyle.h"
 
 #include <QTextStream>
@@ -15,8 +15,8 @@ class CodeForm
 {
 public:
     /// Everything that is given must outlive the form.
-    CodeForm(QTextStream &out, const OutputStyle &style, const ListNames &listNames)
-        : m_out(out), m_style(style), m_listNames(listNames)
+    CodeForm(QTextStream &out, const OutputStyle &style, const FieldOrigins &origins)
+        : m_out(out), m_style(style), m_origins(origins)
     {
     }
 
@@ -30,7 +30,7 @@ private:
 
     QTextStream &m_out;
     const OutputStyle &m_style;
-    const ListNames &m_listNames;
+    const FieldOrigins &m_origins;
 };
 
 } // namespace Orvida::Tools

@@ -1,8 +1,5 @@
 #include "tools/DisplayOrder.h"
 
-#include "tools/FieldJson.h"
-
-#include <QJsonDocument>
 #include <QSet>
 
 #include <algorithm>
@@ -12,7 +9,6 @@ namespace Orvida::Tools {
 
 namespace {
 
-using Catalogs::CatalogInputField;
 using Catalogs::CatalogItem;
 using ItemPointer = QSharedPointer<CatalogItem>;
 
@@ -21,21 +17,6 @@ bool isItemBefore(const ItemPointer &a, const ItemPointer &b)
     const int orderA = a->sortOrder();
     const int orderB = b->sortOrder();
     return std::tie(orderA, a->code(), a->id()) < std::tie(orderB, b->code(), b->id());
-}
-
-// The JSON form holds everything of a field: fields that it cannot tell apart look the same.
-QByteArray wholeText(const CatalogInputField &field)
-{
-    return QJsonDocument(fieldToJson(field)).toJson(QJsonDocument::Compact);
-}
-
-bool isFieldBefore(const CatalogInputField &a, const CatalogInputField &b)
-{
-    if (a.sortOrder() != b.sortOrder())
-        return a.sortOrder() < b.sortOrder();
-    if (a.boundColumn() != b.boundColumn())
-        return a.boundColumn() < b.boundColumn();
-    return wholeText(a) < wholeText(b);
 }
 
 } // namespace
@@ -47,18 +28,20 @@ QList<ItemPointer> displayedChildren(CatalogItem &item)
     return children;
 }
 
-QList<CatalogInputField> displayedFields(CatalogItem &item)
+bool isTied(const QList<ItemPointer> &siblings, int index)
 {
-    QList<CatalogInputField> fields = item.getFields();
-    std::stable_sort(fields.begin(), fields.end(), isFieldBefore);
-    return fields;
+    const auto hasSameOrder = [&siblings, index](int neighbour) {
+        return neighbour >= 0 && neighbour < siblings.size()
+               && siblings.at(neighbour)->sortOrder() == siblings.at(index)->sortOrder();
+    };
+    return hasSameOrder(index - 1) || hasSameOrder(index + 1);
 }
 
 QList<ItemPointer> displayedItems(Catalogs::Catalog &catalog)
 {
     const ItemPointer root = catalog.getItemById(QString());
     QList<ItemPointer> items{root};
-    walkTree(root, [&items](const ItemPointer &item, int, bool) { items.append(item); });
+    walkTree(root, [&items](const ItemPointer &item, const TreePlace &) { items.append(item); });
 
     const QSet<ItemPointer> inTree(items.cbegin(), items.cend());
     QList<ItemPointer> outside =

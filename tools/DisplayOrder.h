@@ -1,7 +1,8 @@
 // The order in which the tool shows what a catalog holds.
 //
-// Hosts see equal sort orders in an order that depends on the hash seed of their process. The tool must
-// print the same for every seed, so it settles such ties itself; nothing else differs from the host's view.
+// Hosts see siblings of equal sort order in an order that depends on the hash seed of their process. The tool
+// must print the same for every seed, so it settles such ties itself; nothing else differs from the host's
+// view.
 #pragma once
 
 #include "catalogs/model/Catalog.h"
@@ -11,17 +12,25 @@
 
 namespace Orvida::Tools {
 
+/// Where an item is in the tree.
+struct TreePlace
+{
+    int depth = 0;       ///< From 0, for what hangs at the root.
+    bool isLast = false; ///< Among its siblings.
+    bool isTied = false; ///< A sibling has the same sort order: hosts show the two in any order.
+};
+
 /// The children of `item` by sort order; equal ones by code, then by id.
 QList<QSharedPointer<Catalogs::CatalogItem>> displayedChildren(Catalogs::CatalogItem &item);
 
-/// The fields of `item` for the current profile by sort order; equal ones by column, then by all the rest.
-QList<Catalogs::CatalogInputField> displayedFields(Catalogs::CatalogItem &item);
+/// Whether the neighbour of the item at `index` in a list of `displayedChildren` has the same sort order.
+bool isTied(const QList<QSharedPointer<Catalogs::CatalogItem>> &siblings, int index);
 
 /// Every item: the root, what hangs below it as the tree shows it, then the items outside the tree by id.
 QList<QSharedPointer<Catalogs::CatalogItem>> displayedItems(Catalogs::Catalog &catalog);
 
 /// Visits everything below `root` in display order, without recursion, so that the depth of a catalog does
-/// not matter: `visit(item, depth, isLast)`, depth from 0, `isLast` among the siblings.
+/// not matter: `visit(item, place)`.
 template <typename Visit>
 void walkTree(const QSharedPointer<Catalogs::CatalogItem> &root, Visit visit)
 {
@@ -37,8 +46,10 @@ void walkTree(const QSharedPointer<Catalogs::CatalogItem> &root, Visit visit)
             levels.removeLast();
             continue;
         }
-        const QSharedPointer<Catalogs::CatalogItem> item = level.items.at(level.next++);
-        visit(item, levels.size() - 1, level.next == level.items.size());
+        const int index = level.next++;
+        const QSharedPointer<Catalogs::CatalogItem> item = level.items.at(index);
+        visit(item,
+              TreePlace{levels.size() - 1, level.next == level.items.size(), isTied(level.items, index)});
         if (!item->getChildItems().isEmpty())
             levels.append({displayedChildren(*item), 0});
     }

@@ -22,13 +22,6 @@ bool isLineBreak(QChar c)
            || c == QChar(QChar::LineSeparator) || c == QChar(QChar::ParagraphSeparator);
 }
 
-// Invisible characters that turn the direction of what stands behind them, or of a whole line.
-bool turnsDirection(QChar c)
-{
-    const ushort u = c.unicode();
-    return (u >= 0x202A && u <= 0x202E) || (u >= 0x2066 && u <= 0x2069);
-}
-
 } // namespace
 
 OutputStyle::OutputStyle(ColorChoice choice) : m_hasColor(isColorWanted(choice)) {}
@@ -54,10 +47,17 @@ QString OutputStyle::singleLine(const QString &text)
     for (QChar &c : result) {
         if (isLineBreak(c))
             c = QLatin1Char(' ');
-        else if (c.category() == QChar::Other_Control || turnsDirection(c))
+        else if (steersTerminal(c))
             c = QChar(QChar::ReplacementCharacter);
     }
     return result;
+}
+
+bool OutputStyle::steersTerminal(QChar c)
+{
+    const ushort u = c.unicode();
+    return c.category() == QChar::Other_Control || (u >= 0x202A && u <= 0x202E)
+           || (u >= 0x2066 && u <= 0x2069);
 }
 
 QString OutputStyle::decorated(const char *sequence, const QString &text) const

@@ -23,9 +23,12 @@ public:
     QString line(const QString &text) const;
     QString title(const QString &text) const;
 
-    /// `text` on one line: line breaks become blanks, other control characters become U+FFFD, so that a
-    /// catalog can neither break the layout nor steer the terminal.
+    /// `text` on one line: line breaks become spaces, all else that steers a terminal becomes U+FFFD, so that
+    /// a catalog can neither break the layout nor steer the terminal.
     static QString singleLine(const QString &text);
+
+    /// Whether `c` is a control character, or an invisible one that turns the direction of the text after it.
+    static bool steersTerminal(QChar c);
 
 private:
     QString decorated(const char *sequence, const QString &text) const;

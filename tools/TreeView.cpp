@@ -1,7 +1,5 @@
 #include "tools/TreeView.h"
 
-#include "tools/DisplayOrder.h"
-
 #include <QStringList>
 
 namespace Orvida::Tools {
@@ -19,6 +17,7 @@ const QString gap = QStringLiteral("    ");
 const QString passingLine = QStringLiteral("\u2502   ");
 const QString branch = QStringLiteral("\u251C\u2500\u2500 ");
 const QString lastBranch = QStringLiteral("\u2514\u2500\u2500 ");
+const QString tie = QStringLiteral(" \u2195");
 
 QString label(const CatalogItem &item)
 {
@@ -34,31 +33,39 @@ void TreeView::print(const ItemPointer &root, const Details &details)
     // What stands left of an item at each depth above it: a line that goes on, or a gap.
     QString indentation;
     printDetails(indentation, *root, details);
-    walkTree(root, [&](const ItemPointer &item, int depth, bool isLast) {
-        indentation.truncate(4 * qMin(depth, deepestDrawnLevel));
-        printItem(indentation, depth, isLast, *item);
-        const QString below = indentation + (isLast ? gap : passingLine);
+    bool hasTies = false;
+    walkTree(root, [&](const ItemPointer &item, const TreePlace &place) {
+        hasTies = hasTies || place.isTied;
+        indentation.truncate(4 * qMin(place.depth, deepestDrawnLevel));
+        printItem(indentation, place, *item);
+        const QString below = indentation + (place.isLast ? gap : passingLine);
         printDetails(below + (item->getChildItems().isEmpty() ? gap : passingLine), *item, details);
-        if (depth < deepestDrawnLevel)
+        if (place.depth < deepestDrawnLevel)
             indentation = below;
     });
+    if (hasTies)
+        m_out << m_style.line(tie.trimmed()
+                              + QStringLiteral(" siblings of equal sort order: hosts show them "
+                                               "in any order"))
+              << '\n';
 }
 
 int TreeView::countItems(const ItemPointer &root)
 {
     int count = 0;
-    walkTree(root, [&count](const ItemPointer &, int, bool) { ++count; });
+    walkTree(root, [&count](const ItemPointer &, const TreePlace &) { ++count; });
     return count;
 }
 
-void TreeView::printItem(const QString &indentation, int depth, bool isLast, const CatalogItem &item)
+void TreeView::printItem(const QString &indentation, const TreePlace &place, const CatalogItem &item)
 {
-    m_out << m_style.line(indentation + (isLast ? lastBranch : branch));
-    if (depth > deepestDrawnLevel)
-        m_out << m_style.line(QStringLiteral("+%1 ").arg(depth - deepestDrawnLevel));
+    m_out << m_style.line(indentation + (place.isLast ? lastBranch : branch));
+    if (place.depth > deepestDrawnLevel)
+        m_out << m_style.line(QStringLiteral("+%1 ").arg(place.depth - deepestDrawnLevel));
     const QString code = OutputStyle::singleLine(item.code());
     const QString text = OutputStyle::singleLine(label(item));
-    m_out << m_style.code(code) << (code.isEmpty() || text.isEmpty() ? "" : "  ") << text << '\n';
+    m_out << m_style.code(code) << (code.isEmpty() || text.isEmpty() ? "" : "  ") << text
+          << (place.isTied ? m_style.line(tie) : QString()) << '\n';
 }
 
 void TreeView::printDetails(const QString &indentation, CatalogItem &item, const Details &details)

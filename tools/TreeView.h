@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogs/model/CatalogItem.h"
+#include "tools/DisplayOrder.h"
 #include "tools/OutputStyle.h"
 
 #include <QSharedPointer>
@@ -23,13 +24,14 @@ public:
     TreeView(QTextStream &out, const OutputStyle &style) : m_out(out), m_style(style) {}
 
     /// Prints everything below `root`; of `root` itself, which has no code and no caption, only `details`.
+    /// Items whose order among their siblings is open are marked, and the mark is explained at the end.
     void print(const QSharedPointer<Catalogs::CatalogItem> &root, const Details &details);
 
     /// Number of items below `root`.
     static int countItems(const QSharedPointer<Catalogs::CatalogItem> &root);
 
 private:
-    void printItem(const QString &indentation, int depth, bool isLast, const Catalogs::CatalogItem &item);
+    void printItem(const QString &indentation, const TreePlace &place, const Catalogs::CatalogItem &item);
     void printDetails(const QString &indentation, Catalogs::CatalogItem &item, const Details &details);
 
     QTextStream &m_out;

@@ -55,12 +55,13 @@ PARAMX PK=x;BaseCode_FK=b1;Param_FK=w;Column_ID=WIDTH;ListClass_ID=SIZES;Mandato
 }
 
 const QString smallTree = text("small.xml: profile P1, 6 items, 3D\n"
-                               "\u251C\u2500\u2500 Gew\u00F6lbe\n"
-                               "\u2502   \u251C\u2500\u2500 AAA  Ri\u00DF\n"
+                               "\u251C\u2500\u2500 Gew\u00F6lbe \u2195\n"
+                               "\u2502   \u251C\u2500\u2500 AAA  Ri\u00DF \u2195\n"
                                "\u2502   \u2502   \u2514\u2500\u2500 AAA  offen\n"
-                               "\u2502   \u251C\u2500\u2500 AAB  two lines \uFFFD\n"
-                               "\u2502   \u2514\u2500\u2500 AAC\n"
-                               "\u2514\u2500\u2500 Fugen\n");
+                               "\u2502   \u251C\u2500\u2500 AAB  two lines \uFFFD \u2195\n"
+                               "\u2502   \u2514\u2500\u2500 AAC \u2195\n"
+                               "\u2514\u2500\u2500 Fugen \u2195\n"
+                               "\u2195 siblings of equal sort order: hosts show them in any order\n");
 
 } // namespace
 
@@ -179,7 +180,7 @@ void ToolTest::saysWhatIsWrongAndWhere_data()
                                   << "CPX record without CPX_PK and without CPX_Profile_FK\n";
     QTest::newRow("scrambled key in the clear")
         << QByteArray("<OVCAT><LC><LC_Profile_FK>P</LC_Profile_FK><LC_Class_ID>0</LC_Class_ID></LC></OVCAT>")
-        << "give the record a LC_Class_ID in scrambled form";
+        << "Use --readable";
 }
 
 void ToolTest::saysWhatIsWrongAndWhere()
@@ -190,7 +191,6 @@ void ToolTest::saysWhatIsWrongAndWhere()
     QCOMPARE(result.exitStatus, 2);
     QCOMPARE(result.output, QString());
     QVERIFY2(result.messages.contains(message), qPrintable(result.messages));
-    QVERIFY2(result.messages.contains(QLatin1String("to mend it: ")), qPrintable(result.messages));
 }
 
 void ToolTest::printsTheTreeTheSameForEverySeedAndLocale_data()
@@ -237,8 +237,9 @@ void ToolTest::keepsTheLibrarysOwnOutputOffStandardOutput()
     const Run result = run({text("show"), file});
     QCOMPARE(result.exitStatus, 0);
     QCOMPARE(result.output, text("orphan.xml: 1 item (1 outside the tree), not 3D\n"));
-    QVERIFY2(result.messages.contains(text("Parent of item: \uFFFD[2J not found!\nItem id: b\n")),
-             qPrintable(result.messages));
+    QVERIFY2(
+        result.messages.contains(text("warning: BASECODE b hangs nowhere: BC_Class_FK \u201Cnone\u201D ")),
+        qPrintable(result.messages));
 
     // With standard error closed, no file that is opened in its place gets what is written to it.
     QProcess closed;
@@ -297,6 +298,8 @@ void ToolTest::printsEveryItemOfACodeAsAForm()
                                  "path            Gew\u00F6lbe \u203A AAA Ri\u00DF\n"
                                  "id              b1\n"
                                  "profile         P2\n"
+                                 "order           open; AAB, AAC with the same sort order 0, hosts show them "
+                                 "in any order\n"
                                  "\n"
                                  "  Breite (1 - 9)\n"
                                  "    type            decimal\n"
@@ -321,8 +324,8 @@ void ToolTest::namesNearCodesAndProfiles()
     const auto messageFor = [this](const char *code) {
         return run({text("show"), m_small, text("--code"), QLatin1String(code)}).messages;
     };
-    QCOMPARE(messageFor("aab"), text("orvida-catalog: no code aab in this catalog; "
-                                     "did you mean AAB, AAA, AAC?\n"));
+    QCOMPARE(messageFor("aabb"), text("orvida-catalog: no code aabb in this catalog; "
+                                      "did you mean AAB?\n"));
     QCOMPARE(messageFor("A"), text("orvida-catalog: no code A in this catalog; "
                                    "did you mean AAA, AAB, AAC?\n"));
     QCOMPARE(messageFor("XYZUVW"), text("orvida-catalog: no code XYZUVW in this catalog\n"));

@@ -1,8 +1,8 @@
-// One input field as JSON, and how single values are written.
+// How the tool writes JSON.
 #pragma once
 
-#include "catalogs/model/CatalogInputField.h"
-
+#include <QByteArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
@@ -15,7 +15,8 @@ QJsonValue jsonOf(const QString &text);
 /// `number` as text: many readers of JSON hold numbers in 53 bits.
 QJsonValue jsonOf(qint64 number);
 
-/// The field with all its properties and list entries.
-QJsonObject fieldToJson(const Catalogs::CatalogInputField &field);
+/// `object` in UTF-8, without a line break at its end; what could steer a terminal is escaped. Indented, each
+/// line but the first begins with `margin` blanks.
+QByteArray jsonText(const QJsonObject &object, QJsonDocument::JsonFormat format, int margin = 0);
 
 } // namespace Orvida::Tools

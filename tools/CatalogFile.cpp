@@ -1,0 +1,137 @@
+#include "tools/CatalogFile.h"
+
+#include "catalogs/building/CatalogLoader.h"
+#include "tools/LibraryOutput.h"
+
+#include <algorithm>
+
+namespace Orvida::Tools {
+
+using Catalogs::CatalogReadFailure;
+using Catalogs::CatalogXMLParser;
+
+namespace {
+
+// The place in `readable` of the record that is at `position` in `scrambled`: the other form of the same
+// file, with the same records in the same order.
+FilePosition translated(FilePosition position, const RecordPositions &scrambled,
+                        const RecordPositions &readable)
+{
+    const auto &records = scrambled.records();
+    const auto record = std::find_if(records.cbegin(), records.cend(), [&position](const auto &candidate) {
+        return candidate.position.line == position.line && candidate.position.column == position.column;
+    });
+    const auto index = static_cast<std::size_t>(record - records.cbegin());
+    return index < readable.records().size() ? readable.records()[index].position : position;
+}
+
+} // namespace
+
+CatalogFile::CatalogFile(const Options &options)
+    : m_input(options.fileName), m_form(options.isReadable ? TextForm::Readable : TextForm::Scrambled)
+{
+}
+
+CatalogFile CatalogFile::load(const Options &options)
+{
+    CatalogFile file(options);
+    if (!file.prepare())
+        return file;
+    {
+        const LibraryOutput output(options.showsLog ? LibraryOutput::Everything : LibraryOutput::Problems);
+        file.m_catalog = Catalogs::CatalogLoader().loadCatalog(file.path(), options.fileName);
+        file.m_hasLooseEnds = output.hasHeldBack();
+    }
+    if (!file.isLoaded())
+        file.findFailure();
+    return file;
+}
+
+const CatalogXMLParser &CatalogFile::records()
+{
+    if (!m_records) {
+        // What there is to log was logged by the load.
+        const LibraryOutput output(LibraryOutput::Nothing);
+        m_records = std::make_unique<CatalogXMLParser>();
+        QHash<QString, QSharedPointer<Catalogs::CatalogItem>> items;
+        m_records->readFile(path(), items);
+    }
+    return *m_records;
+}
+
+qint64 CatalogFile::style() const
+{
+    return CatalogXMLParser().readCatalogStyleFlag(path());
+}
+
+QStringList CatalogFile::profiles()
+{
+    const CatalogXMLParser &file = records();
+    QStringList keys;
+    for (const auto &profile : file.m_profiles)
+        keys << profile.pk;
+    for (const auto &listClass : file.m_listClasses)
+        keys << listClass.profileFk;
+    for (const auto &columns : file.m_columns) {
+        for (const auto &column : columns)
+            keys << column.profileFk;
+    }
+    keys.sort();
+    keys.removeDuplicates();
+    return keys;
+}
+
+const RecordPositions &CatalogFile::positions()
+{
+    if (!m_positions)
+        m_positions = std::make_unique<RecordPositions>(m_input.path(), m_form);
+    return *m_positions;
+}
+
+bool CatalogFile::isInOtherForm() const
+{
+    const std::optional<TextForm> form = formOfFile(m_input.path());
+    return form && *form != m_form;
+}
+
+// Reads the file and makes the form of it that the library loads.
+bool CatalogFile::prepare()
+{
+    m_failure.reason = CatalogReadFailure::FileNotRead;
+    if (!m_input.read()) {
+        m_failure.detail = m_input.errorText();
+        return false;
+    }
+    if (m_form == TextForm::Readable) {
+        const FormChange change(m_input.bytes());
+        if (change.failure().reason != CatalogReadFailure::None) {
+            m_failure = change.failure();
+            return false;
+        }
+        if (!m_scrambled.append(change.scrambled())) {
+            m_failure.detail = m_scrambled.errorText();
+            return false;
+        }
+    }
+    m_failure = CatalogReadFailure();
+    return true;
+}
+
+// The loader only tells that a load failed. Reading the records tells why.
+void CatalogFile::findFailure()
+{
+    m_failure = records().failure();
+    if (m_form == TextForm::Scrambled || m_failure.reason != CatalogReadFailure::RecordRefused)
+        return;
+    const FilePosition position = translated({m_failure.line, m_failure.column},
+                                             RecordPositions(path(), TextForm::Scrambled), positions());
+    m_failure.line = position.line;
+    m_failure.column = position.column;
+}
+
+QString CatalogFile::path() const
+{
+    return m_form == TextForm::Readable ? m_scrambled.path() : m_input.path();
+}
+
+} // namespace Orvida::Tools

@@ -1,0 +1,83 @@
+// One catalog file, loaded.
+#pragma once
+
+#include "catalogs/model/Catalog.h"
+#include "catalogs/reading/CatalogReadFailure.h"
+#include "catalogs/reading/CatalogXMLParser.h"
+#include "tools/InputFile.h"
+#include "tools/RecordPositions.h"
+#include "tools/TextForm.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+namespace Orvida::Tools {
+
+/// A file of a catalog author with all that the library makes of it. A value without ties to others: a
+/// command may hold several. The file is read once from the disk; what is not asked for is not built.
+class CatalogFile
+{
+public:
+    /// How a file is loaded.
+    struct Options
+    {
+        QString fileName; ///< "-" stands for standard input.
+        bool isReadable = false;
+        bool showsLog = false;
+    };
+
+    /// Loads a file. Prints nothing but what the library logs: its problems, or all when it is asked for.
+    static CatalogFile load(const Options &options);
+
+    bool isLoaded() const { return m_catalog && m_catalog->IsValid(); }
+    /// Why the catalog is not loaded.
+    const Catalogs::CatalogReadFailure &failure() const { return m_failure; }
+
+    /// The catalog, with the profile that the loader chose. Only when it is loaded, as all that follows.
+    Catalogs::Catalog &catalog() const { return *m_catalog; }
+
+    /// The records of the file: a loaded catalog does not tell which profiles there are, nor from what a
+    /// field was built.
+    const Catalogs::CatalogXMLParser &records();
+
+    /// The value of the file's style, and the bit of it that has a meaning.
+    qint64 style() const;
+    bool supports3D() const { return style() & 0x80000000; }
+
+    /// Keys of all profiles that the file defines, or files a column or a list under, sorted.
+    QStringList profiles();
+
+    /// Where the records of the file are, as its author sees it.
+    const RecordPositions &positions();
+
+    /// Whether the load found items or fields that name what is not in the file.
+    bool hasLooseEnds() const { return m_hasLooseEnds; }
+
+    /// Whether the file seems to be in the other form than the one it was loaded as.
+    bool isInOtherForm() const;
+    TextForm form() const { return m_form; }
+
+    /// The file as messages name it, and without its folders.
+    QString name() const { return m_input.name(); }
+    QString shortName() const { return m_input.shortName(); }
+
+private:
+    explicit CatalogFile(const Options &options);
+
+    [[nodiscard]] bool prepare();
+    void findFailure();
+    QString path() const;
+
+    InputFile m_input;
+    TextForm m_form;
+    MemoryFile m_scrambled; // what the library reads when the file is readable
+    Catalogs::CatalogSptr m_catalog;
+    Catalogs::CatalogReadFailure m_failure;
+    bool m_hasLooseEnds = false;
+    std::unique_ptr<Catalogs::CatalogXMLParser> m_records;
+    std::unique_ptr<RecordPositions> m_positions;
+};
+
+} // namespace Orvida::Tools

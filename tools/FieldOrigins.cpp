@@ -1,0 +1,36 @@
+#include "tools/FieldOrigins.h"
+
+#include <QSet>
+
+namespace Orvida::Tools {
+
+QString itemKeyOf(const Catalogs::CatalogParserParamExtended &extension)
+{
+    return extension.baseCodeFk.isEmpty() ? extension.charExtFk : extension.baseCodeFk;
+}
+
+FieldOrigins::FieldOrigins(const Catalogs::CatalogXMLParser &records) : m_records(records)
+{
+    const auto &extensions = records.m_parameterExtensions;
+    for (auto extension = extensions.cbegin(); extension != extensions.cend(); ++extension)
+        m_extensions[{itemKeyOf(*extension), extension->columnId}].append(extension.key());
+    for (QStringList &keys : m_extensions)
+        keys.sort();
+}
+
+QStringList FieldOrigins::extensionsOf(const Catalogs::CatalogItem &item,
+                                       const Catalogs::CatalogInputField &field) const
+{
+    return m_extensions.value({item.id(), field.boundColumn()});
+}
+
+QString FieldOrigins::listNameOf(const Catalogs::CatalogItem &item,
+                                 const Catalogs::CatalogInputField &field) const
+{
+    QSet<QString> names;
+    for (const QString &key : extensionsOf(item, field))
+        names.insert(m_records.m_parameterExtensions.value(key).listClassId);
+    return names.size() == 1 ? *names.cbegin() : QString();
+}
+
+} // namespace Orvida::Tools

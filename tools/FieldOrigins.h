@@ -1,0 +1,39 @@
+// Tells from which records of the file a field was built.
+#pragma once
+
+#include "catalogs/model/Catalog.h"
+#include "catalogs/reading/CatalogXMLParser.h"
+
+#include <QHash>
+#include <QPair>
+#include <QString>
+#include <QStringList>
+
+namespace Orvida::Tools {
+
+/// Key of the item that `extension` gives a field to.
+QString itemKeyOf(const Catalogs::CatalogParserParamExtended &extension);
+
+/// Finds the parameter extension of a field: the one that names the field's item and its column. A field does
+/// not hold its extension, nor the name of its list.
+class FieldOrigins
+{
+public:
+    /// `records` must outlive the object.
+    explicit FieldOrigins(const Catalogs::CatalogXMLParser &records);
+
+    /// Keys of the extensions that name the item and the column of `field`, sorted. Of more than one it
+    /// cannot be told which of them the field was built from.
+    QStringList extensionsOf(const Catalogs::CatalogItem &item,
+                             const Catalogs::CatalogInputField &field) const;
+
+    /// Id of the list class of `field`, a field of `item`; empty when it has none or when it cannot be told.
+    QString listNameOf(const Catalogs::CatalogItem &item, const Catalogs::CatalogInputField &field) const;
+
+private:
+    const Catalogs::CatalogXMLParser &m_records;
+    // Keys of extensions by item and column.
+    QHash<QPair<QString, QString>, QStringList> m_extensions;
+};
+
+} // namespace Orvida::Tools

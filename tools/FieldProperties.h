@@ -1,0 +1,42 @@
+// The properties of an input field, told once for everything that shows them.
+#pragma once
+
+#include "catalogs/model/CatalogInputField.h"
+
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QLatin1String>
+#include <QString>
+
+#include <array>
+
+namespace Orvida::Tools {
+
+/// One property of an input field.
+struct FieldProperty
+{
+    /// Its name in JSON.
+    QLatin1String name;
+    /// Its label in the form of a code. Properties that follow each other with one label share a line.
+    QLatin1String label;
+    /// What stands before it in the line of a field; null when it is not in there.
+    const char *lead;
+    /// The element of the file that it comes from.
+    QLatin1String element;
+    QJsonValue (*toJson)(const Catalogs::CatalogInputField &field);
+    /// The property in words, empty when it says nothing; `listName` is the name of the field's list, empty
+    /// when it is not known.
+    QString (*toWords)(const Catalogs::CatalogInputField &field, const QString &listName);
+};
+
+/// All properties of an input field, in the order in which the form of a code shows them. The caption comes
+/// first; it is the title of its field there.
+const std::array<FieldProperty, 21> &fieldProperties();
+
+/// The field with all its properties and list entries.
+QJsonObject fieldToJson(const Catalogs::CatalogInputField &field);
+
+/// The field in one line: caption, then what matters most of it.
+QString fieldLine(const Catalogs::CatalogInputField &field, const QString &listName);
+
+} // namespace Orvida::Tools

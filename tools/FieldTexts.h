@@ -1,0 +1,52 @@
+// Finds the texts of scrambled fields in the text of a catalog file.
+#pragma once
+
+#include "catalogs/format/CatalogFormat.h"
+#include "tools/Messages.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QVector>
+
+namespace Orvida::Tools {
+
+/// The text of one field of which the format says that it is scrambled, as far as a load takes it: the first
+/// piece of text after the field's start tag.
+struct FieldText
+{
+    /// What keeps the text from being replaced without a loss; from harmless to impossible.
+    enum Obstacle {
+        None,
+        CutText,       ///< More text follows in the field, of which a load takes nothing.
+        NestedElement, ///< There is an element in the field.
+        Entity,        ///< The text refers to an entity that the document declares.
+        InsideEntity,  ///< The field itself comes out of an entity, so that it has no place in the document.
+    };
+
+    const Catalogs::CatalogFormat::Field *field = nullptr;
+    FilePosition position; ///< After the field's start tag.
+    int begin = 0;         ///< Of the text in the document, in UTF-16 units; of a CDATA section its content.
+    int end = 0;
+    bool isCData = false;
+    QString value; ///< The text, its references resolved.
+    Obstacle obstacle = None;
+};
+
+/// The texts of a document.
+struct FieldTexts
+{
+    /// Those that are not empty, in the order of the document, wherever in it the fields are: a field that a
+    /// load passes over, because it is in a wrong place, is still one for its author.
+    QVector<FieldText> texts;
+    /// What the XML reader says is wrong with the document, and where; empty when it is well-formed.
+    QString errorText;
+    FilePosition errorPosition;
+    /// False when the XML reader gets another text out of the bytes than the one given.
+    bool isTextOfDocument = true;
+};
+
+/// Finds the texts in `text`, which is what `document` stands for, without byte-order mark. The values are
+/// those that the XML reader gets out of the bytes; the text is read beside them for the places.
+FieldTexts findFieldTexts(const QByteArray &document, const QString &text);
+
+} // namespace Orvida::Tools

@@ -1,0 +1,44 @@
+// A file that a command was told to read, or standard input.
+#pragma once
+
+#include "tools/MemoryFile.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+
+namespace Orvida::Tools {
+
+/// The bytes of a file, read once, whatever it is: a pipe cannot be read again, and a file that somebody
+/// saves meanwhile would give each reader another content.
+class InputFile
+{
+public:
+    /// For the file `fileName`; "-" stands for standard input.
+    explicit InputFile(const QString &fileName);
+
+    /// Reads the file; false when that fails, `errorText` says why. Of a file that cannot be XML only the
+    /// beginning is kept: a device may have no end.
+    [[nodiscard]] bool read();
+    QString errorText() const { return m_errorText; }
+
+    /// The file as messages name it: as the user did, or "<standard input>".
+    QString name() const;
+    /// The same without its folders.
+    QString shortName() const;
+
+    /// Opens what was read from its start, any number of times while the object lives.
+    QString path() const { return m_copy.path(); }
+    QByteArray bytes() const { return m_copy.bytes(); }
+
+private:
+    bool isStandardInput() const;
+    bool open(QFile &file);
+    bool copy(QFile &file);
+
+    QString m_fileName;
+    QString m_errorText;
+    MemoryFile m_copy;
+};
+
+} // namespace Orvida::Tools

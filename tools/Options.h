@@ -1,0 +1,27 @@
+// What options of several commands have in common.
+#pragma once
+
+#include "tools/CatalogFile.h"
+#include "tools/OutputStyle.h"
+
+#include <CLI/CLI.hpp>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace Orvida::Tools {
+
+/// Where options store what they are given must live until the call was taken apart.
+
+/// An option that takes a text; an empty text is one too.
+CLI::Option *addTextOption(CLI::App &command, const char *name, std::optional<QString> &text,
+                           const char *help);
+
+/// The catalog file that a command reads, and --readable.
+void addFile(CLI::App &command, CatalogFile::Options &options);
+
+/// --color
+void addColorOption(CLI::App &command, ColorChoice &color);
+
+} // namespace Orvida::Tools

@@ -1,0 +1,211 @@
+#include "tools/TextForm.h"
+
+#include "catalogs/reading/ScrambledText.h"
+#include "tools/OutputStyle.h"
+
+#include <QFile>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+
+namespace Orvida::Tools {
+
+namespace {
+
+using Catalogs::CatalogFormat;
+using Catalogs::CatalogReadFailure;
+using Catalogs::ScrambledText;
+
+bool isHexDigit(QChar c)
+{
+    const ushort u = c.unicode();
+    return (u >= '0' && u <= '9') || (u >= 'A' && u <= 'F') || (u >= 'a' && u <= 'f');
+}
+
+bool isHex(const QStringRef &text)
+{
+    return std::all_of(text.cbegin(), text.cend(), isHexDigit);
+}
+
+// Counts the texts of either form. Blank ones have none.
+class FormCount
+{
+public:
+    void add(const QStringRef &text)
+    {
+        if (text.trimmed().isEmpty())
+            return;
+        ++m_texts;
+        m_scrambled += text.size() % 2 == 0 && isHex(text);
+    }
+
+    std::optional<TextForm> form() const
+    {
+        if (m_scrambled > m_texts - m_scrambled)
+            return TextForm::Scrambled;
+        if (m_scrambled < m_texts - m_scrambled)
+            return TextForm::Readable;
+        return std::nullopt;
+    }
+
+private:
+    int m_texts = 0;
+    int m_scrambled = 0;
+};
+
+// XML 1.0 has no way to write any other.
+bool canBeInXml(const QString &text)
+{
+    return std::all_of(text.cbegin(), text.cend(), [](QChar c) {
+        const ushort u = c.unicode();
+        return (u >= 0x20 && u < 0xFFFE) || u == '\t' || u == '\n' || u == '\r';
+    });
+}
+
+// Written as a reference: line breaks, which would move all lines after them, and what would not be seen.
+bool needsReference(QChar c)
+{
+    return c == QChar(QChar::ByteOrderMark) || (c != QLatin1Char('\t') && OutputStyle::steersTerminal(c));
+}
+
+QString escaped(uint codePoint)
+{
+    switch (codePoint) {
+    case '&': return QStringLiteral("&amp;");
+    case '<': return QStringLiteral("&lt;");
+    case '>': return QStringLiteral("&gt;");
+    default: return QStringLiteral("&#x%1;").arg(QString::number(codePoint, 16).toUpper());
+    }
+}
+
+// `text` as it is written in a document of this encoding.
+QString xmlText(const QString &text, const TextRewriter &document)
+{
+    QString xml;
+    for (const uint codePoint : text.toUcs4()) {
+        const QString character = QString::fromUcs4(&codePoint, 1);
+        const bool isMarkup = codePoint == '&' || codePoint == '<' || codePoint == '>';
+        if (isMarkup || needsReference(character.at(0)) || !document.canEncode(character))
+            xml += escaped(codePoint);
+        else
+            xml += character;
+    }
+    return xml;
+}
+
+// Whether a CDATA section of this document can hold `text` so that it reads the same.
+bool fitsIntoCData(const QString &text, const TextRewriter &document)
+{
+    return !text.contains(QLatin1String("]]>")) && !std::any_of(text.cbegin(), text.cend(), needsReference)
+           && document.canEncode(text);
+}
+
+// Why scrambling the readable text would not give the bytes of the file again; empty when it would.
+QString lossOf(const FieldText &field, const QString &xml, const QString &readable, bool takesLowerCase)
+{
+    if (!isHex(QStringRef(&field.value)))
+        return QStringLiteral("it is no scrambled text");
+    if (field.value.size() % 2 != 0)
+        return QStringLiteral("a digit is missing");
+    const QString upperCase = field.value.toUpper();
+    if (ScrambledText::encode(readable) != upperCase)
+        return QStringLiteral("its bytes are not those of a text");
+    if (!canBeInXml(readable))
+        return QStringLiteral("it stands for characters that XML cannot hold");
+    if (!takesLowerCase && (field.value != upperCase || xml != field.value))
+        return QStringLiteral("it is not written in digits and upper-case letters alone");
+    return QString();
+}
+
+const char *const obstacleTexts[] = {
+    "",
+    "a load takes only the first piece of its text",
+    "there is an element in it",
+    "it refers to an entity that the document declares",
+    "it comes out of an entity that the document declares",
+};
+
+} // namespace
+
+std::optional<TextForm> formOfFile(const QString &path)
+{
+    FormCount count;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    QXmlStreamReader reader(&file);
+    bool isScrambledField = false;
+    while (reader.readNext() != QXmlStreamReader::Invalid && !reader.isEndDocument()) {
+        if (reader.isStartElement())
+            isScrambledField = CatalogFormat::isScrambled(reader.name());
+        if (reader.isCharacters() && isScrambledField)
+            count.add(reader.text());
+        if (reader.isCharacters() || reader.isEndElement())
+            isScrambledField = false;
+    }
+    return count.form();
+}
+
+FormChange::FormChange(const QByteArray &document)
+    : m_rewriter(document), m_texts(findFieldTexts(document, m_rewriter.text()))
+{
+    if (m_texts.errorText.isEmpty() && m_rewriter.isDecoded() && m_texts.isTextOfDocument)
+        return;
+    m_failure.reason = CatalogReadFailure::NotWellFormed;
+    m_failure.line = m_texts.errorPosition.line;
+    m_failure.column = m_texts.errorPosition.column;
+    m_failure.detail = m_texts.errorText;
+    if (m_texts.errorText.isEmpty())
+        m_failure.detail = QStringLiteral("The encoding does not let texts be replaced; save it as UTF-8.");
+}
+
+std::optional<TextForm> FormChange::form() const
+{
+    FormCount count;
+    for (const FieldText &field : m_texts.texts)
+        count.add(QStringRef(&field.value));
+    return count.form();
+}
+
+QVector<FormChange::Note> FormChange::obstacles(FieldText::Obstacle tolerated) const
+{
+    QVector<Note> notes;
+    for (const FieldText &field : m_texts.texts) {
+        if (field.obstacle > tolerated)
+            notes.append({field.position, field.field->name + QLatin1String(" cannot be changed: ")
+                                              + QLatin1String(obstacleTexts[field.obstacle])});
+    }
+    return notes;
+}
+
+QByteArray FormChange::scrambled() const
+{
+    TextRewriter rewriter = m_rewriter;
+    for (const FieldText &field : m_texts.texts) {
+        if (field.end != field.begin)
+            rewriter.replace(field.begin, field.end, ScrambledText::encode(field.value));
+    }
+    return rewriter.result();
+}
+
+QByteArray FormChange::unscrambled(bool takesLowerCase, QVector<Note> &left) const
+{
+    TextRewriter rewriter = m_rewriter;
+    for (const FieldText &field : m_texts.texts) {
+        if (field.end == field.begin)
+            continue;
+        const QString readable = ScrambledText::decode(QStringRef(&field.value));
+        const QString xml = rewriter.text().mid(field.begin, field.end - field.begin);
+        QString loss = lossOf(field, xml, readable, takesLowerCase);
+        if (loss.isEmpty() && field.isCData && !fitsIntoCData(readable, rewriter))
+            loss = QStringLiteral("the CDATA section cannot hold it");
+        if (loss.isEmpty())
+            rewriter.replace(field.begin, field.end, field.isCData ? readable : xmlText(readable, rewriter));
+        else
+            left.append({field.position, QStringLiteral("%1 %2 is left as it is: %3")
+                                             .arg(field.field->name, quoted(field.value), loss)});
+    }
+    return rewriter.result();
+}
+
+} // namespace Orvida::Tools

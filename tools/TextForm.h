@@ -1,0 +1,62 @@
+// The two forms of a catalog file: the one that hosts load, and the readable one.
+#pragma once
+
+#include "catalogs/reading/CatalogReadFailure.h"
+#include "tools/FieldTexts.h"
+#include "tools/Messages.h"
+#include "tools/TextRewriter.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QVector>
+
+#include <optional>
+
+namespace Orvida::Tools {
+
+/// How the texts of the scrambled fields stand in a file.
+enum class TextForm {
+    Scrambled, ///< As hosts load them.
+    Readable,  ///< In the clear, for authors.
+};
+
+/// The form of more than half of the texts of scrambled fields in the file `path`; none when neither form has
+/// more than half of them. Tells pairs of hexadecimal digits from all else.
+std::optional<TextForm> formOfFile(const QString &path);
+
+/// Brings a catalog file from one form into the other. Only the texts of scrambled fields change.
+class FormChange
+{
+public:
+    /// What is to be said of a text.
+    struct Note
+    {
+        FilePosition position;
+        QString text;
+    };
+
+    explicit FormChange(const QByteArray &document);
+
+    /// Why the file cannot be changed at all; its reason is `None` when it can. As the loader tells it.
+    const Catalogs::CatalogReadFailure &failure() const { return m_failure; }
+
+    /// As `formOfFile`.
+    std::optional<TextForm> form() const;
+
+    /// The texts with an obstacle greater than `tolerated`.
+    QVector<Note> obstacles(FieldText::Obstacle tolerated) const;
+
+    /// The scrambled form of the file. What has no place in the document stays as it is.
+    QByteArray scrambled() const;
+
+    /// The readable form of the file. What could not be scrambled back to the same bytes stays as it is and
+    /// is noted in `left`; with `takesLowerCase` digits in lower case do not matter.
+    QByteArray unscrambled(bool takesLowerCase, QVector<Note> &left) const;
+
+private:
+    TextRewriter m_rewriter;
+    FieldTexts m_texts;
+    Catalogs::CatalogReadFailure m_failure;
+};
+
+} // namespace Orvida::Tools
