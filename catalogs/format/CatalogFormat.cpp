@@ -263,6 +263,10 @@ constexpr Record recordRows[] = {
 };
 // clang-format on
 
+constexpr QLatin1String booleanWords[] = {latin1("true"), latin1("false")};
+constexpr QLatin1String typeWords[] = {latin1("TXT"), latin1("INT"), latin1("DEC"), latin1("BOL"),
+                                       latin1("DAT")};
+
 // What is the same for all fields of a kind.
 struct KindRow
 {
@@ -391,6 +395,20 @@ QLatin1String CatalogFormat::syntax(Kind kind)
 QLatin1String CatalogFormat::defaultValue(Kind kind)
 {
     return kindRow(kind).defaultValue;
+}
+
+CatalogFormat::Rows<QLatin1String> CatalogFormat::words(Kind kind)
+{
+    switch (kind) {
+    case Kind::Boolean: return {booleanWords, int(std::size(booleanWords))};
+    case Kind::ParameterType:
+    case Kind::ColumnType: return {typeWords, int(std::size(typeWords))};
+    case Kind::Text:
+    case Kind::ScrambledText:
+    case Kind::Integer:
+    case Kind::Integer64: break;
+    }
+    return {nullptr, 0};
 }
 
 } // namespace Orvida::Catalogs

@@ -146,6 +146,9 @@ public:
     static QLatin1String syntax(Kind kind);
     /// What a field of this kind is when it is left out or empty, such as "false".
     static QLatin1String defaultValue(Kind kind);
+    /// The words that a text of this kind is one of; none when it is no matter of words. The words of a
+    /// column type are those that a host knows at least.
+    static Rows<QLatin1String> words(Kind kind);
 };
 
 } // namespace Orvida::Catalogs

@@ -116,6 +116,7 @@ private Q_SLOTS:
     void findsEveryName();
     void readerTakesFieldAsTheTableSays_data();
     void readerTakesFieldAsTheTableSays();
+    void readerTakesEveryWord();
     void readerRefusesRecordWithoutRequiredField();
 };
 
@@ -190,6 +191,19 @@ void CatalogFormatTest::readerTakesFieldAsTheTableSays()
     const CatalogFolder folder;
     QCOMPARE(parser.readCatalogStyleFlag(folder.write(QStringLiteral("catalog.xml"), file)),
              field.use == Format::Use::StyleQuery ? style : 0);
+}
+
+void CatalogFormatTest::readerTakesEveryWord()
+{
+    for (const char *name : {"PARAM_DataType", "COL_DataType"}) {
+        const Format::Field &field = *Format::field(QLatin1String(name));
+        int type = 0;
+        for (const QLatin1String word : Format::words(field.kind)) {
+            const QString lines = Reading(fileWith(*Format::recordOf(field), &field, word.data())).lines();
+            QVERIFY2(lines.contains(text("dataType=%1").arg(++type)), word.data());
+        }
+        QCOMPARE(type, 5);
+    }
 }
 
 void CatalogFormatTest::readerRefusesRecordWithoutRequiredField()
