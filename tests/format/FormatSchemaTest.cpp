@@ -1,0 +1,232 @@
+// The schemas of both forms, as xmllint reads them, against the loader: they take and refuse the same
+// records.
+
+#include "format/ReadableForm.h"
+#include "reading/RecordListing.h"
+
+#include <QProcess>
+#include <QtTest>
+
+using namespace Orvida::Tests;
+
+namespace {
+
+using Field = CatalogFormat::Field;
+using Kind = CatalogFormat::Kind;
+using Record = CatalogFormat::Record;
+
+const QString scrambledSchema = QStringLiteral(ORVIDA_SCHEMAS "/catalog.xsd");
+const QString readableSchema = QStringLiteral(ORVIDA_SCHEMAS "/catalog-readable.xsd");
+
+// The messages of xmllint on the file at `path`; empty when `schema` takes it.
+QString complaints(const QString &schema, const QString &path)
+{
+    QProcess lint;
+    lint.start(text(ORVIDA_XMLLINT), {text("--noout"), text("--schema"), schema, path});
+    if (!lint.waitForFinished())
+        return lint.errorString();
+    const QString messages = QString::fromUtf8(lint.readAllStandardError());
+    const bool isValid = lint.exitCode() == 0 && messages.endsWith(text(" validates\n"));
+    return isValid ? QString() : messages + QLatin1Char('.');
+}
+
+QByteArray root(const QString &records)
+{
+    return catalogXml(records.toUtf8());
+}
+
+// Whether `schema` takes a file with these records.
+bool takes(const QString &schema, const QString &records)
+{
+    const CatalogFolder folder;
+    return complaints(schema, folder.write(text("catalog.xml"), root(records))).isEmpty();
+}
+
+QString recordWith(const Record &record, const QString &fields)
+{
+    return element(record.name, fields);
+}
+
+const char *textFor(Kind kind)
+{
+    switch (kind) {
+    case Kind::Text:
+    case Kind::ScrambledText: return "Béton";
+    case Kind::Integer:
+    case Kind::Integer64: return "-7";
+    case Kind::Boolean: return "True";
+    case Kind::ParameterType:
+    case Kind::ColumnType: return "DAT";
+    }
+    return "";
+}
+
+bool isNeeded(const Field &field)
+{
+    return field.isRequired || field.kind == Kind::ColumnType;
+}
+
+// A record in the readable form: the fields that are needed, those that are not if `isWhole`, and `odd` with
+// `text`, or left out if that is null. The last field comes first.
+QString readable(const Record &record, bool isWhole, const Field *odd = nullptr, const QString &text = {})
+{
+    QString fields;
+    for (const Field &field : record.fields) {
+        const QString value = &field == odd ? text : QString::fromUtf8(textFor(field.kind));
+        if (!value.isNull() && (isWhole || isNeeded(field) || &field == odd))
+            fields.prepend(element(field.name, value));
+    }
+    return recordWith(record, fields);
+}
+
+} // namespace
+
+class FormatSchemaTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void takesTheSamples();
+    void takesTheRecordsThatTheLoaderTakes_data();
+    void takesTheRecordsThatTheLoaderTakes();
+    void takesWhatAFieldMayHold_data();
+    void takesWhatAFieldMayHold();
+    void refusesWhatALoadPassesOver_data();
+    void refusesWhatALoadPassesOver();
+    void isNamedInTheRoot();
+};
+
+void FormatSchemaTest::takesTheSamples()
+{
+    const QString clear = text(ORVIDA_SOURCES "/samples/tunnels.xml");
+    QCOMPARE(complaints(readableSchema, clear), QString());
+    QCOMPARE(complaints(scrambledSchema, text(ORVIDA_SAMPLES "/tunnels.xml")), QString());
+    QVERIFY(complaints(scrambledSchema, clear).contains(text("COL_Column_ID")));
+}
+
+void FormatSchemaTest::takesTheRecordsThatTheLoaderTakes_data()
+{
+    QTest::addColumn<QString>("records");
+    QTest::addColumn<bool>("isTaken");
+    for (const Record &record : CatalogFormat::records()) {
+        const QByteArray name = record.name.data();
+        QTest::newRow(name + " with every field") << readable(record, true) << true;
+        QTest::newRow(name + " with what it needs") << readable(record, false) << true;
+        for (const Field *field : record.requiredFields()) {
+            QTest::newRow(name + " without " + field->name.data()) << readable(record, true, field) << false;
+            QTest::newRow(name + " with empty " + field->name.data())
+                << readable(record, true, field, text("")) << false;
+            QTest::newRow(name + " with white " + field->name.data())
+                << readable(record, true, field, text(" ")) << true;
+        }
+    }
+    const QString profile = readable(*CatalogFormat::record(QLatin1String("CATPRO")), true);
+    QTest::newRow("no record") << QString() << true;
+    QTest::newRow("roots in roots") << element(text("OVCat"), element(text("OVCAT"), profile)) + profile
+                                    << true;
+    QTest::newRow("refused in the inner root") << element(text("OVCat"), text("<CATPRO/>")) << false;
+}
+
+void FormatSchemaTest::takesTheRecordsThatTheLoaderTakes()
+{
+    QFETCH(QString, records);
+    QFETCH(bool, isTaken);
+    const QString scrambled = scrambledForm(records);
+    QCOMPARE(takes(readableSchema, records), isTaken);
+    QCOMPARE(takes(scrambledSchema, scrambled), isTaken);
+    QCOMPARE(Reading(root(scrambled)).succeeded(), isTaken);
+}
+
+void FormatSchemaTest::takesWhatAFieldMayHold_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("taken");
+    QTest::addColumn<QString>("refused");
+    QTest::newRow("integer") << "PRO_SortOrder"
+                             << "|0|7|-7|+7|007| 7 |2147483647|-2147483648"
+                             << "x|7.0|1e3|1 2|0x7|2147483648|-2147483649";
+    QTest::newRow("64-bit integer") << "CAT_Style"
+                                    << "|9223372036854775807|-9223372036854775808"
+                                    << "x|9223372036854775808|-9223372036854775809";
+    QTest::newRow("boolean") << "CPX_IsStart"
+                             << "|true|false|TRUE|False|fAlSe"
+                             << " |true |1|0|yes|tru";
+    QTest::newRow("parameter type") << "PARAM_DataType"
+                                    << "|TXT|INT|DEC|BOL|DAT"
+                                    << "txt| TXT|TEXT";
+    QTest::newRow("column type") << "COL_DataType"
+                                 << "TXT|INT|DEC|BOL|DAT"
+                                 << "|txt|TXT |TEXT";
+    QTest::newRow("scrambled text") << "LC_Caption"
+                                    << "|0D|0d1FaB"
+                                    << "0|0D1|0G|00|0D00| 0D|Beton";
+    QTest::newRow("required scrambled text") << "LC_Class_ID"
+                                             << "0D|0d1FaB"
+                                             << "|0|00|000D|GG|  ";
+}
+
+void FormatSchemaTest::takesWhatAFieldMayHold()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, taken);
+    QFETCH(QString, refused);
+    const Field &field = *CatalogFormat::field(name);
+    const Record &record = *CatalogFormat::recordOf(field);
+    const auto isTaken = [&field, &record](const QString &text) {
+        // Scrambled but for the text in question.
+        const QString mark = QStringLiteral("<!-- here -->");
+        QString records = readable(record, true, &field, mark);
+        records = scrambledForm(records).replace(mark, text);
+        return takes(scrambledSchema, records) && Reading(root(records)).succeeded();
+    };
+    for (const QString &text : taken.split(QLatin1Char('|')))
+        QVERIFY2(isTaken(text), qPrintable(text));
+    for (const QString &text : refused.split(QLatin1Char('|')))
+        QVERIFY2(!isTaken(text), qPrintable(text));
+}
+
+void FormatSchemaTest::refusesWhatALoadPassesOver_data()
+{
+    QTest::addColumn<QString>("records");
+    QTest::newRow("unknown record") << "<CATPROFILE/>";
+    QTest::newRow("misspelt record") << "<Catpro><PRO_PK>P</PRO_PK></Catpro>";
+    QTest::newRow("unknown field") << "<CATPRO><PRO_PK>P</PRO_PK><PRO_Name>N</PRO_Name></CATPRO>";
+    QTest::newRow("field of another record") << "<CATPRO><PRO_PK>P</PRO_PK><CPX_PK>N</CPX_PK></CATPRO>";
+    QTest::newRow("field given twice") << "<CATPRO><PRO_PK>P</PRO_PK><PRO_PK>Q</PRO_PK></CATPRO>";
+    QTest::newRow("attribute") << "<CATPRO PRO_SortOrder='1'><PRO_PK>P</PRO_PK></CATPRO>";
+    QTest::newRow("attribute of a field") << "<CATPRO><PRO_PK xml:lang='en'>P</PRO_PK></CATPRO>";
+    QTest::newRow("text between records") << "CATPRO";
+    QTest::newRow("text between fields") << "<CATPRO>P<PRO_PK>P</PRO_PK></CATPRO>";
+    QTest::newRow("element in a field") << "<CATPRO><PRO_PK>P<b>Q</b></PRO_PK></CATPRO>";
+    QTest::newRow("field without record") << "<PRO_PK>P</PRO_PK>";
+    QTest::newRow("column without type") << "<COL><COL_Profile_FK>P</COL_Profile_FK>"
+                                            "<COL_Column_ID>0D</COL_Column_ID></COL>";
+}
+
+void FormatSchemaTest::refusesWhatALoadPassesOver()
+{
+    QFETCH(QString, records);
+    QVERIFY(Reading(root(records)).succeeded());
+    QVERIFY(!takes(readableSchema, records));
+    QVERIFY(!takes(scrambledSchema, records));
+}
+
+void FormatSchemaTest::isNamedInTheRoot()
+{
+    // The second catalog of the manual is the start of a file that names its schema.
+    QFile manual(text(ORVIDA_SOURCES "/docs/format.md"));
+    QVERIFY(manual.open(QIODevice::ReadOnly));
+    const QByteArray start = QString::fromUtf8(manual.readAll())
+                                 .section(text("```xml\n"), 2, 2)
+                                 .section(text("```"), 0, 0)
+                                 .toUtf8();
+    QVERIFY(start.contains("catalog-readable.xsd"));
+    const QByteArray file = start + "<CATPRO><PRO_PK>P</PRO_PK></CATPRO></OVCAT>";
+    const CatalogFolder folder;
+    QCOMPARE(complaints(readableSchema, folder.write(text("catalog.xml"), file)), QString());
+    QVERIFY(Reading(file).lines().startsWith(text("profile")));
+}
+
+QTEST_GUILESS_MAIN(FormatSchemaTest)
+
+#include "FormatSchemaTest.moc"
