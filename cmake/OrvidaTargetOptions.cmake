@@ -34,15 +34,19 @@ function(orvida_library_options target)
   endif()
 endfunction()
 
-# The build tree serves headers under the same spelling as an installation ("catalogs/model/Catalog.h").
-# Each library has an include root of its own, a folder with one link to its sources: with the source
-# folder itself as root, "shared/..." would still find our stand-in when a host has put its own layer in
-# its place. Gives the root in the variable `result`.
+# Headers are included by their path below the source folder ("catalogs/model/Catalog.h"), in the build as
+# after an installation. Gives the include root for those of `folder` in the variable `result`: the source
+# folder itself, so that compilers and editors name the real files. Only when a host has put its own layer in
+# place of shared/ would "shared/..." then still find our stand-in; there, each folder gets a root of its own
+# in the build tree, which holds nothing but a link to it.
 function(orvida_include_root folder result)
-  set(root ${PROJECT_BINARY_DIR}/include-${folder})
-  file(MAKE_DIRECTORY ${root})
-  if(NOT EXISTS ${root}/${folder})
-    file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${root}/${folder} SYMBOLIC)
+  set(root ${PROJECT_SOURCE_DIR})
+  if(ORVIDA_HOST_TARGET)
+    set(root ${PROJECT_BINARY_DIR}/include-${folder})
+    file(MAKE_DIRECTORY ${root})
+    if(NOT EXISTS ${root}/${folder})
+      file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${root}/${folder} SYMBOLIC)
+    endif()
   endif()
   set(${result} ${root} PARENT_SCOPE)
 endfunction()
