@@ -14,7 +14,17 @@ function(orvida_target_options target)
     QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
 endfunction()
 
-# A shared library of the product: hidden unless exported, soname with the major version, every symbol
+# Which versions are binary compatible: soname and find_package() follow one rule. While the major version
+# is 0, every minor version may break hosts; after that, only a major one does.
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(ORVIDA_SOVERSION 0.${PROJECT_VERSION_MINOR})
+  set(ORVIDA_COMPATIBILITY SameMinorVersion)
+else()
+  set(ORVIDA_SOVERSION ${PROJECT_VERSION_MAJOR})
+  set(ORVIDA_COMPATIBILITY SameMajorVersion)
+endif()
+
+# A shared library of the product: hidden unless exported, soname with the compatible version, every symbol
 # resolved when it is linked (sanitizer runtimes resolve theirs in the executable).
 #
 # It stays in memory when a host closes it with dlclose(), and is taken down when the process ends. What it
@@ -27,7 +37,7 @@ function(orvida_library_options target)
     VISIBILITY_INLINES_HIDDEN ON
     INSTALL_RPATH $ORIGIN
     VERSION ${PROJECT_VERSION}
-    SOVERSION ${PROJECT_VERSION_MAJOR})
+    SOVERSION ${ORVIDA_SOVERSION})
   target_link_options(${target} PRIVATE LINKER:-z,nodelete)
   if(NOT ORVIDA_SANITIZE AND NOT ORVIDA_FUZZ)
     target_link_options(${target} PRIVATE LINKER:--no-undefined)
