@@ -35,10 +35,8 @@ foreach(library IN LISTS LIBRARIES)
     file(WRITE ${CMAKE_CURRENT_LIST_DIR}/${name} "${listing}")
     continue()
   endif()
-  file(WRITE ${SCRATCH_DIR}/${name} "${listing}")
-  execute_process(COMMAND diff -u ${CMAKE_CURRENT_LIST_DIR}/${name} ${SCRATCH_DIR}/${name}
-    RESULT_VARIABLE result OUTPUT_VARIABLE difference ERROR_VARIABLE difference)
-  if(NOT result EQUAL 0)
+  difference(${CMAKE_CURRENT_LIST_DIR}/${name} "${listing}")
+  if(difference)
     message(SEND_ERROR "${name} lists other symbols than ${library} exports. If that is meant, see the "
       "versions in CONTRIBUTING.md, and rewrite the list: ORVIDA_UPDATE=1 ctest -R ExportedSymbols\n${difference}")
   endif()
