@@ -1,12 +1,14 @@
 # Installation: libraries and headers (through their file sets), the CMake package OrvidaCatalogs and the
-# pkg-config file orvida-catalogs.
+# pkg-config file orvida-catalogs. The folders CMAKE_INSTALL_* may be relative to the prefix or absolute.
 include(CMakePackageConfigHelpers)
 
 set(ORVIDA_INSTALL_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/OrvidaCatalogs)
 set(ORVIDA_INSTALLED_TARGETS orvidacatalogs)
+set(ORVIDA_COMPONENTS Catalogs)
 set(ORVIDA_PC_HOST_LIBS "")
 if(TARGET orvidashared)
   list(APPEND ORVIDA_INSTALLED_TARGETS orvidashared)
+  list(APPEND ORVIDA_COMPONENTS Shared)
   set(ORVIDA_PC_HOST_LIBS " -lorvidashared")
 endif()
 
@@ -14,17 +16,43 @@ install(TARGETS ${ORVIDA_INSTALLED_TARGETS} EXPORT OrvidaCatalogsTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvida)
 install(EXPORT OrvidaCatalogsTargets NAMESPACE Orvida:: DESTINATION ${ORVIDA_INSTALL_CMAKEDIR})
+if(IS_ABSOLUTE ${CMAKE_INSTALL_INCLUDEDIR})
+  # CMake 3.25 looks for file sets below the prefix, absolute or not.
+  cmake_path(ABSOLUTE_PATH ORVIDA_INSTALL_CMAKEDIR BASE_DIRECTORY "\${CMAKE_INSTALL_PREFIX}"
+    OUTPUT_VARIABLE folder)
+  install(CODE "
+    set(file \"\$ENV{DESTDIR}${folder}/OrvidaCatalogsTargets.cmake\")
+    file(READ \"\${file}\" targets)
+    string(REPLACE \"\\\${_IMPORT_PREFIX}//\" \"/\" targets \"\${targets}\")
+    file(WRITE \"\${file}\" \"\${targets}\")")
+endif()
 
+list(JOIN ORVIDA_COMPONENTS ", " ORVIDA_COMPONENT_NAMES)
 configure_package_config_file(cmake/OrvidaCatalogsConfig.cmake.in
-  ${PROJECT_BINARY_DIR}/OrvidaCatalogsConfig.cmake INSTALL_DESTINATION ${ORVIDA_INSTALL_CMAKEDIR})
+  ${PROJECT_BINARY_DIR}/OrvidaCatalogsConfig.cmake INSTALL_DESTINATION ${ORVIDA_INSTALL_CMAKEDIR}
+  NO_CHECK_REQUIRED_COMPONENTS_MACRO)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/OrvidaCatalogsConfigVersion.cmake
-  COMPATIBILITY SameMinorVersion)
+  COMPATIBILITY ${ORVIDA_COMPATIBILITY})
 install(FILES
   ${PROJECT_BINARY_DIR}/OrvidaCatalogsConfig.cmake
   ${PROJECT_BINARY_DIR}/OrvidaCatalogsConfigVersion.cmake
   DESTINATION ${ORVIDA_INSTALL_CMAKEDIR})
 
-# The file finds its prefix from where it lies, however deep the library folder is.
-file(RELATIVE_PATH ORVIDA_PC_UP /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+# The pkg-config file finds the prefix from its own folder, however deep that is, so that an installation
+# can be moved. With an absolute library folder there is no such way.
+set(ORVIDA_PC_PREFIX ${CMAKE_INSTALL_PREFIX})
+if(NOT IS_ABSOLUTE ${CMAKE_INSTALL_LIBDIR})
+  file(RELATIVE_PATH up /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+  set(ORVIDA_PC_PREFIX "\${pcfiledir}/${up}")
+endif()
+cmake_path(APPEND ORVIDA_PC_LIBDIR "\${prefix}" ${CMAKE_INSTALL_LIBDIR})
+cmake_path(APPEND ORVIDA_PC_INCLUDEDIR "\${prefix}" ${CMAKE_INSTALL_INCLUDEDIR})
+set(ORVIDA_PC_REQUIRES "Qt5Core >= 5.15")
+if(ORVIDA_HOST_TARGET AND ORVIDA_HOST_PKGCONFIG)
+  string(APPEND ORVIDA_PC_REQUIRES ", ${ORVIDA_HOST_PKGCONFIG}")
+elseif(ORVIDA_HOST_TARGET)
+  message(STATUS "orvida-catalogs.pc does not name the host layer: users of pkg-config have to add the "
+    "flags of ${ORVIDA_HOST_TARGET} themselves, unless ORVIDA_HOST_PKGCONFIG gives its pkg-config name")
+endif()
 configure_file(cmake/orvida-catalogs.pc.in ${PROJECT_BINARY_DIR}/orvida-catalogs.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/orvida-catalogs.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -14,7 +14,17 @@ function(orvida_target_options target)
     QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
 endfunction()
 
-# A shared library of the product: hidden unless exported, soname with the major version, every symbol
+# Which versions are binary compatible: soname and find_package() follow one rule. While the major version
+# is 0, every minor version may break hosts; after that, only a major one does.
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(ORVIDA_SOVERSION 0.${PROJECT_VERSION_MINOR})
+  set(ORVIDA_COMPATIBILITY SameMinorVersion)
+else()
+  set(ORVIDA_SOVERSION ${PROJECT_VERSION_MAJOR})
+  set(ORVIDA_COMPATIBILITY SameMajorVersion)
+endif()
+
+# A shared library of the product: hidden unless exported, soname with the compatible version, every symbol
 # resolved when it is linked (sanitizer runtimes resolve theirs in the executable).
 #
 # It stays in memory when a host closes it with dlclose(), and is taken down when the process ends. What it
@@ -27,22 +37,26 @@ function(orvida_library_options target)
     VISIBILITY_INLINES_HIDDEN ON
     INSTALL_RPATH $ORIGIN
     VERSION ${PROJECT_VERSION}
-    SOVERSION ${PROJECT_VERSION_MAJOR})
+    SOVERSION ${ORVIDA_SOVERSION})
   target_link_options(${target} PRIVATE LINKER:-z,nodelete)
   if(NOT ORVIDA_SANITIZE AND NOT ORVIDA_FUZZ)
     target_link_options(${target} PRIVATE LINKER:--no-undefined)
   endif()
 endfunction()
 
-# The build tree serves headers under the same spelling as an installation ("catalogs/model/Catalog.h").
-# Each library has an include root of its own, a folder with one link to its sources: with the source
-# folder itself as root, "shared/..." would still find our stand-in when a host has put its own layer in
-# its place. Gives the root in the variable `result`.
+# Headers are included by their path below the source folder ("catalogs/model/Catalog.h"), in the build as
+# after an installation. Gives the include root for those of `folder` in the variable `result`: the source
+# folder itself, so that compilers and editors name the real files. Only when a host has put its own layer in
+# place of shared/ would "shared/..." then still find our stand-in; there, each folder gets a root of its own
+# in the build tree, which holds nothing but a link to it.
 function(orvida_include_root folder result)
-  set(root ${PROJECT_BINARY_DIR}/include-${folder})
-  file(MAKE_DIRECTORY ${root})
-  if(NOT EXISTS ${root}/${folder})
-    file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${root}/${folder} SYMBOLIC)
+  set(root ${PROJECT_SOURCE_DIR})
+  if(ORVIDA_HOST_TARGET)
+    set(root ${PROJECT_BINARY_DIR}/include-${folder})
+    file(MAKE_DIRECTORY ${root})
+    if(NOT EXISTS ${root}/${folder})
+      file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${root}/${folder} SYMBOLIC)
+    endif()
   endif()
   set(${result} ${root} PARENT_SCOPE)
 endfunction()

@@ -44,7 +44,7 @@ inline int toParameterType(const QStringRef &text)
         QLatin1String name;
         Shared::InputField::DataType type;
     };
-    static constexpr NamedType namedTypes[] = {
+    static const NamedType namedTypes[] = {
         {QLatin1String("TXT"), Shared::InputField::Text},
         {QLatin1String("INT"), Shared::InputField::Integer},
         {QLatin1String("DEC"), Shared::InputField::Decimal},

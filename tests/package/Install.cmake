@@ -1,6 +1,6 @@
 # Installs into a scratch prefix: the headers, each of them and no private one.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
-file(REMOVE_RECURSE ${SCRATCH_DIR})
+file(REMOVE_RECURSE ${PREFIX})
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${PREFIX})
 
 foreach(folder catalogs shared)

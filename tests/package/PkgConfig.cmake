@@ -1,10 +1,3 @@
 # A host compiles with what pkg-config tells about the installed package, and runs.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
-set(ENV{PKG_CONFIG_PATH} ${PREFIX}/${LIBDIR}/pkgconfig)
-run(pkg-config --cflags --libs orvida-catalogs)
-string(STRIP "${output}" flags)
-separate_arguments(flags UNIX_COMMAND "${flags}")
-run(${CXX} -std=c++17 ${SOURCE_DIR}/tests/package/host/main.cpp -o ${SCRATCH_DIR}/tinyhost ${flags})
-set(ENV{LD_LIBRARY_PATH} ${PREFIX}/${LIBDIR})
-run(${SCRATCH_DIR}/tinyhost ${SAMPLES})
-check_tiny_host_output("${output}")
+check_tiny_host_with_pkg_config(installed ${PREFIX}/${LIBDIR} ${SAMPLES})

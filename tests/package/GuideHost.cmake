@@ -1,0 +1,53 @@
+# What the host guide declares of a host's own layer is complete and needed: the library builds against
+# exactly these headers, runs, and calls each function that they declare.
+include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
+set(host ${BUILD_DIR}/guide-host)
+
+# The guide's blocks of code begin with the name of their header. Semicolons would split them as lists.
+file(READ ${SOURCE_DIR}/docs/host-guide.md guide)
+string(REPLACE ";" "<semicolon>" guide "${guide}")
+string(REGEX MATCHALL "```cpp\n// shared/[A-Za-z]+\\.h\n[^`]*```" blocks "${guide}")
+foreach(block IN LISTS blocks)
+  string(REGEX MATCH "```cpp\n// (shared/[A-Za-z]+\\.h)\n([^`]*)```" block "${block}")
+  string(REPLACE "<semicolon>" ";" code "#pragma once\n${CMAKE_MATCH_2}")
+  file(CONFIGURE OUTPUT ${host}-headers/${CMAKE_MATCH_1} CONTENT "${code}" @ONLY)
+endforeach()
+
+run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/package/guidehost -B ${host} -G ${GENERATOR}
+  -DCMAKE_CXX_COMPILER=${CXX} -DHEADERS=${host}-headers)
+file(GLOB_RECURSE package ${host}/orvida-catalogs.pc)
+file(STRINGS ${package} requirement REGEX "^Requires:")
+if(NOT requirement MATCHES ", guide-layer$")
+  message(SEND_ERROR "orvida-catalogs.pc does not require the host's layer: ${requirement}")
+endif()
+run(${CMAKE_COMMAND} --build ${host})
+run(${host}/guidehost ${BUILD_DIR}/samples/)
+check_tiny_host_output("${output}")
+
+# Gives the functions of the layer that nm shows of a library in `functions`.
+function(list_functions option library)
+  run(${NM} --dynamic --demangle ${option} ${library})
+  string(REGEX MATCHALL " [TUW] [^\n]*Orvida::(Shared|Logging)::[^\n]*" functions "${output}")
+  list(TRANSFORM functions REPLACE "^ . " "")
+  list(FILTER functions EXCLUDE REGEX "^(vtable|typeinfo) for ")
+  list(SORT functions)
+  list(REMOVE_DUPLICATES functions)
+  list(JOIN functions "\n" functions)
+  set(functions "${functions}\n" PARENT_SCOPE)
+endfunction()
+
+list_functions(--defined-only ${host}/libguidelayer.so)
+file(WRITE ${host}/defined.txt "${functions}")
+file(GLOB_RECURSE library ${host}/liborvidacatalogs.so)
+list_functions(--undefined-only ${library})
+difference(${host}/defined.txt "${functions}")
+if(difference)
+  message(SEND_ERROR "the guide's layer has other functions (-) than the library calls (+):\n${difference}")
+endif()
+string(REGEX MATCHALL "\\)( const)?<semicolon>" declared "${blocks}")
+string(REGEX MATCHALL "\n" called "${functions}")
+list(LENGTH declared declared)
+list(LENGTH called called)
+if(NOT declared EQUAL called)
+  message(SEND_ERROR "the guide declares ${declared} functions, the library calls ${called}")
+endif()
