@@ -95,6 +95,37 @@ QByteArray recordsFrom(const QByteArray &lines)
     return records;
 }
 
+QByteArray scrambledCatalog(const QString &path)
+{
+    static const QRegularExpression scrambledField(
+        text("<(?:COL_(?:Column_ID|Caption)|LC_(?:Class_ID|Caption)|LIST_Caption|CLASS_Item"
+             "|(?:BC|CE)_(?:Item|Code|ObsText)|PARAM_(?:Caption|Prefix|Suffix))>([^<]*)<"));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qUtf8Printable(path));
+    const QByteArray clear = file.readAll();
+    QByteArray result;
+    // Latin-1 stands for the bytes, whatever their encoding is.
+    const QString bytes = QString::fromLatin1(clear);
+    int done = 0;
+    for (auto matches = scrambledField.globalMatch(bytes); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        result += clear.mid(done, match.capturedStart(1) - done);
+        result += Catalogs::ScrambledText::encode(QString::fromUtf8(match.captured(1).toLatin1())).toLatin1();
+        done = match.capturedEnd(1);
+    }
+    return result + clear.mid(done);
+}
+
+QString summaryOf(const Catalogs::CatalogReadFailure &failure)
+{
+    const QString place = text("%1:%2").arg(failure.line).arg(failure.column);
+    const QString summaries[] = {text("read"), text("not read"), text("not well-formed at ") + place,
+                                 text("refused at %1: %2 without %3")
+                                     .arg(place, failure.record, failure.missingFields.join(text(" and ")))};
+    return summaries[failure.reason];
+}
+
 Catalogs::CatalogSptr loaded(const QByteArray &records)
 {
     const CatalogFolder folder;
