@@ -2,6 +2,7 @@
 
 #include "catalogs/access/CatalogConfigData.h"
 #include "catalogs/building/CatalogLoader.h"
+#include "catalogs/format/CatalogFormat.h"
 #include "catalogs/reading/ScrambledText.h"
 
 #include <QFile>
@@ -97,24 +98,23 @@ QByteArray recordsFrom(const QByteArray &lines)
 
 QByteArray scrambledCatalog(const QString &path)
 {
-    static const QRegularExpression scrambledField(
-        text("<(?:COL_(?:Column_ID|Caption)|LC_(?:Class_ID|Caption)|LIST_Caption|CLASS_Item"
-             "|(?:BC|CE)_(?:Item|Code|ObsText)|PARAM_(?:Caption|Prefix|Suffix))>([^<]*)<"));
+    static const QRegularExpression fieldWithText(text("<(\\w+)>([^<]*)(?=<)"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qUtf8Printable(path));
-    const QByteArray clear = file.readAll();
-    QByteArray result;
     // Latin-1 stands for the bytes, whatever their encoding is.
-    const QString bytes = QString::fromLatin1(clear);
+    const QString clear = QString::fromLatin1(file.readAll());
+    QString result;
     int done = 0;
-    for (auto matches = scrambledField.globalMatch(bytes); matches.hasNext();) {
+    for (auto matches = fieldWithText.globalMatch(clear); matches.hasNext();) {
         const QRegularExpressionMatch match = matches.next();
-        result += clear.mid(done, match.capturedStart(1) - done);
-        result += Catalogs::ScrambledText::encode(QString::fromUtf8(match.captured(1).toLatin1())).toLatin1();
-        done = match.capturedEnd(1);
+        if (!Catalogs::CatalogFormat::isScrambled(match.capturedView(1)))
+            continue;
+        result += clear.midRef(done, match.capturedStart(2) - done);
+        result += Catalogs::ScrambledText::encode(QString::fromUtf8(match.captured(2).toLatin1()));
+        done = match.capturedEnd(2);
     }
-    return result + clear.mid(done);
+    return (result + clear.midRef(done)).toLatin1();
 }
 
 QString summaryOf(const Catalogs::CatalogReadFailure &failure)
