@@ -15,9 +15,11 @@ qint64 expectedStyle(const QByteArray &content)
         if (reader.readNext() != QXmlStreamReader::StartElement)
             continue;
         const QString name = reader.name().toString();
-        if (isInCatalog && name == QLatin1String("CAT_Style"))
-            return reader.readNext() == QXmlStreamReader::Characters ? reader.text().toString().toLongLong()
-                                                                     : 0;
+        if (isInCatalog && name == QLatin1String("CAT_Style")) {
+            // Whatever comes next, a comment's text included.
+            reader.readNext();
+            return reader.text().toString().toLongLong();
+        }
         if (!isInCatalog && name == QLatin1String("CATALOG"))
             isInCatalog = true;
         else if (isInCatalog || (name != QLatin1String("OVCAT") && name != QLatin1String("OVCat")))

@@ -1,12 +1,16 @@
-// The manager: one catalog per identifier, its signals and its lock, and the question about 3D.
+// The manager: where files are, one catalog per identifier, signals, lock, the question about 3D, and the
+// end.
 
 #include "catalogs/access/CatalogManager.h"
+#include "catalogs/access/CatalogConfigData.h"
 
 #include "support/TestSupport.h"
 
+#include <QWeakPointer>
 #include <QtTest>
 
 #include <chrono>
+#include <cstdlib>
 #include <future>
 
 using namespace std::chrono_literals;
@@ -20,11 +24,11 @@ CatalogManager &manager()
     return *CatalogManager::instance();
 }
 
-// A catalog with this style and one code class, which is named after the style.
+// A catalog with this style and one code class.
 QByteArray catalogOf(const QByteArray &style)
 {
-    return catalogXml("<CATALOG><CAT_Style>" + style + "</CAT_Style></CATALOG><CLASS><CLASS_PK>" + style
-                      + "</CLASS_PK></CLASS>");
+    return catalogXml("<CATALOG><CAT_Style>" + style
+                      + "</CAT_Style></CATALOG><CLASS><CLASS_PK>C</CLASS_PK></CLASS>");
 }
 
 // Records signals while it lives. Emissions never overlap, so any thread may cause them.
@@ -36,6 +40,29 @@ struct Signals
     QSignalSpy failed{&manager(), &CatalogManager::failedToLoadCatalog};
 };
 
+struct ThrowingProvider : ICatalogFileNameProvider
+{
+    ThrowingProvider() { CatalogConfigData::setCatalogFileNameProvider(this); }
+    ~ThrowingProvider() { CatalogConfigData::setCatalogFileNameProvider(nullptr); }
+    QString getCatalogFileName(const QString &) const override { throw 1; }
+};
+
+// A static object of the host that outlives the manager, as it was made before it. Ends the process with a
+// failure when it is not served as it should be.
+struct StaticObject
+{
+    ~StaticObject()
+    {
+        const bool isWhole = kept && kept->getItemById(QString())->getChildItems().size() == 1;
+        const bool isServed = !manager().getCatalog(text("no file"))->IsValid()
+                              && !manager().is3DSupportedCatalog(text("no file"));
+        if (released || !isWhole || !isServed)
+            std::_Exit(1);
+    }
+    CatalogSptr kept;
+    QWeakPointer<Catalog> released;
+} staticObject;
+
 } // namespace
 
 // The manager lives as long as the process, so each test has identifiers of its own.
@@ -45,13 +72,16 @@ class CatalogManagerTest : public QObject
 
 private Q_SLOTS:
     void describesItsSignals();
+    void composesPaths_data();
+    void composesPaths();
     void loadsOncePerIdentifier();
     void triesAFailedCatalogAgain();
     void announcesBeforeItReturns_data();
     void announcesBeforeItReturns();
-    void tellsWhether3DIsSupported_data();
-    void tellsWhether3DIsSupported();
+    void freesItsLockWhenAnExceptionPasses();
     void keepsItsFirstAnswerAbout3D();
+    void tellsWhether3DIsSupported();
+    void servesObjectsThatOutliveIt();
 
 private:
     CatalogFolder m_folder;
@@ -60,10 +90,46 @@ private:
 // Stands before any test that registers the types of the parameters.
 void CatalogManagerTest::describesItsSignals()
 {
-    for (const char *signature : {"catalogReady(CatalogSptr)", "failedToLoadCatalog(Orvida::Base::GUID)"})
-        QVERIFY(manager().metaObject()->indexOfSignal(signature) >= 0);
+    const QMetaObject *meta = manager().metaObject();
+    QCOMPARE(meta->className(), "Orvida::Catalogs::CatalogManager");
+    QCOMPARE(meta->methodCount() - meta->methodOffset(), 2);
+    QCOMPARE(meta->indexOfSignal("catalogReady(CatalogSptr)"), meta->methodOffset());
+    QCOMPARE(meta->indexOfSignal("failedToLoadCatalog(Orvida::Base::GUID)"), meta->methodOffset() + 1);
     for (const char *type : {"CatalogSptr", "Orvida::Base::GUID"})
         QCOMPARE(QMetaType::type(type), int(QMetaType::UnknownType));
+}
+
+void CatalogManagerTest::composesPaths_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("path");
+    QTest::newRow("folder with separator") << "/cat/"
+                                           << "X.xml"
+                                           << "/cat/X.xml";
+    QTest::newRow("folder without separator") << "/cat"
+                                              << "X.xml"
+                                              << "/catX.xml";
+    QTest::newRow("nothing is normalised") << "/cat//./"
+                                           << "/../X "
+                                           << "/cat//.//../X ";
+    QTest::newRow("unknown identifier") << "/cat/"
+                                        << ""
+                                        << "";
+}
+
+void CatalogManagerTest::composesPaths()
+{
+    QFETCH(QString, folder);
+    QFETCH(QString, name);
+    const FileTable replaced;
+    FileTable files;
+    files.add(text("Id "), name);
+    CatalogConfigData::setCatalogFolderPath(folder);
+    QTEST(manager().findFileNameById(text("Id ")), "path");
+    CatalogConfigData::setCatalogFileNameProvider(nullptr);
+    QVERIFY(manager().findFileNameById(text("Id ")).isNull());
+    QCOMPARE(files.questions(text("Id ")), 1);
 }
 
 // Letter case counts, and a null identifier is the empty one.
@@ -139,21 +205,26 @@ void CatalogManagerTest::announcesBeforeItReturns()
     QCOMPARE(announced, QStringList{id});
 }
 
-void CatalogManagerTest::tellsWhether3DIsSupported_data()
+// With the lock still taken, the next call would never return.
+void CatalogManagerTest::freesItsLockWhenAnExceptionPasses()
 {
-    QTest::addColumn<bool>("is3DSupported");
-    for (const char *style : {"2147483648", "-1", "6442450944"})
-        QTest::newRow(style) << true;
-    for (const char *style : {"12", "2147483647", "4294967296"})
-        QTest::newRow(style) << false;
-}
-
-void CatalogManagerTest::tellsWhether3DIsSupported()
-{
+    const QString id = text("exception");
+    {
+        const Signals sent;
+        const ThrowingProvider provider;
+        QVERIFY_EXCEPTION_THROWN(manager().getCatalog(id), int);
+        QVERIFY_EXCEPTION_THROWN(manager().is3DSupportedCatalog(id), int);
+        QVERIFY(sent.ready.isEmpty() && sent.failed.isEmpty());
+    }
     FileTable files;
-    const QString id = text("style ") + text(QTest::currentDataTag());
-    files.add(id, m_folder.write(text("style.xml"), catalogOf(QTest::currentDataTag())));
-    QTEST(manager().is3DSupportedCatalog(id), "is3DSupported");
+    QObject receiver;
+    connect(&manager(), &CatalogManager::catalogReady, &receiver, [] { throw 1; });
+    connect(&manager(), &CatalogManager::failedToLoadCatalog, &receiver, [] { throw 1; });
+    QVERIFY_EXCEPTION_THROWN(manager().getCatalog(id), int);
+    files.add(id, m_folder.write(id, catalogOf("-1")));
+    QVERIFY_EXCEPTION_THROWN(manager().getCatalog(id), int);
+    QVERIFY(manager().getCatalog(id)->IsValid()); // it was in the cache when it was announced
+    QVERIFY(manager().is3DSupportedCatalog(id));
 }
 
 // What is known of a catalog and what is known of its style are kept apart.
@@ -175,6 +246,30 @@ void CatalogManagerTest::keepsItsFirstAnswerAbout3D()
     }
     m_folder.write(text("changing.xml"), catalogOf("0"));
     QVERIFY(manager().is3DSupportedCatalog(ids.at(2)));
+}
+
+void CatalogManagerTest::tellsWhether3DIsSupported()
+{
+    FileTable files;
+    const QList<QPair<QByteArray, bool>> styles = {{"2147483648", true},  {"-1", true},
+                                                   {"6442450944", true},  {"12", false},
+                                                   {"2147483647", false}, {"4294967296", false}};
+    for (const auto &[style, isSupported] : styles) {
+        const QString id = text(style.constData());
+        files.add(id, m_folder.write(id, catalogOf(style)));
+        QCOMPARE(manager().is3DSupportedCatalog(id), isSupported);
+    }
+}
+
+// The rest of this test happens when the process ends.
+void CatalogManagerTest::servesObjectsThatOutliveIt()
+{
+    FileTable files;
+    for (const char *id : {"kept", "released"})
+        files.add(text(id), m_folder.write(text(id), catalogOf("0")));
+    staticObject.kept = manager().getCatalog(text("kept"));
+    staticObject.released = manager().getCatalog(text("released"));
+    QVERIFY(staticObject.released);
 }
 
 QTEST_GUILESS_MAIN(CatalogManagerTest)

@@ -1,11 +1,11 @@
-// Catalog items and their input fields: their orders, and what is left when items or catalogs go.
+// Catalog items as hosts fill and keep them: what is added late, whose fields are whose, and what is left
+// when items or catalogs go. What files make of items is in catalogs/.
 
-#include "catalogs/model/CatalogItem.h"
 #include "catalogs/model/Catalog.h"
 
 #include "support/TestSupport.h"
-#include <QWeakPointer>
 
+#include <QWeakPointer>
 #include <QtTest>
 
 using namespace Orvida::Catalogs;
@@ -26,7 +26,7 @@ ItemPtr makeItem(const QString &id, int sortOrder, const QString &parentId = QSt
 // Adds a child and a field for each name, such as "7A", which begins with its sort order.
 void addChildrenAndFields(CatalogItem &item, const char *profile, const char *names)
 {
-    for (const QString &name : text(names).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+    for (const QString &name : text(names).split(QLatin1Char(' '))) {
         item.addChildItem(makeItem(name, name.left(1).toInt()));
         CatalogInputField field;
         field.setCaption(name);
@@ -52,26 +52,6 @@ QString fieldsOf(CatalogItem &item)
     return captions.join(QLatin1Char(' '));
 }
 
-// A linked catalog of `depth` items, each the parent of the next one and, in a comb, of another one. Ids are
-// "0", "1" and so on downwards, and "-0", "-1" and so on.
-CatalogSptr chain(int depth, bool isComb)
-{
-    auto catalog = CatalogSptr::create(text("deep"));
-    auto &items = catalog->getCatalogItems();
-    items.reserve(depth);
-    items.insert(QString(), ItemPtr::create());
-    QString parentId;
-    for (int level = 0; level < depth; ++level) {
-        const QString id = QString::number(level);
-        items.insert(id, makeItem(id, 0, parentId));
-        if (isComb)
-            items.insert(QLatin1Char('-') + id, makeItem(QLatin1Char('-') + id, 1, id));
-        parentId = id;
-    }
-    catalog->setStatus(Catalog::Loaded);
-    return catalog;
-}
-
 } // namespace
 
 class CatalogItemTest : public QObject
@@ -79,44 +59,31 @@ class CatalogItemTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void ordersChildrenAndFieldsOnce_data();
-    void ordersChildrenAndFieldsOnce();
+    void ordersOnceAndKeepsWhatComesLateAtTheEnd();
     void listsEveryChildThatWasAdded();
     void keepsFieldsOfProfilesApart();
-    void goesWithATreeOfAnyDepth();
+    void hasNoFieldsWithoutACatalog();
     void outlivesItsCatalogWithATreeOfAnyDepth();
 };
 
-void CatalogItemTest::ordersChildrenAndFieldsOnce_data()
-{
-    QTest::addColumn<QByteArray>("early");
-    QTest::addColumn<QString>("ordered");
-    QTest::addColumn<QByteArray>("late");
-    QTest::addColumn<QString>("orderedWithLate");
-
-    const auto row = [](const char *name, const QByteArray &early, const char *ordered,
-                        const QByteArray &late, const char *orderedWithLate) {
-        QTest::newRow(name) << early << ordered << late << orderedWithLate;
-    };
-    row("different", "3A 1B 2C", "1B 2C 3A", "", "1B 2C 3A");
-    row("equal", "1A 1B 1C 1D", "1D 1C 1A 1B", "", "1D 1C 1A 1B");
-    row("late", "4A 3B", "3B 4A", "2C 1D", "3B 4A 2C 1D");
-    row("all late", "", "", "2C 1D", "2C 1D");
-}
-
-void CatalogItemTest::ordersChildrenAndFieldsOnce()
+void CatalogItemTest::ordersOnceAndKeepsWhatComesLateAtTheEnd()
 {
     Catalog catalog(text("catalog"));
-    CatalogItem item;
-    item.setCatalog(&catalog);
-    QFETCH(QByteArray, early);
-    addChildrenAndFields(item, "", early);
-    QTEST(childrenOf(item), "ordered");
-    QTEST(fieldsOf(item), "ordered");
-    QFETCH(QByteArray, late);
-    addChildrenAndFields(item, "", late);
-    QTEST(childrenOf(item), "orderedWithLate");
-    QTEST(fieldsOf(item), "orderedWithLate");
+    CatalogItem empty, equal, item;
+    for (CatalogItem *one : {&empty, &equal, &item})
+        one->setCatalog(&catalog);
+    QCOMPARE(childrenOf(empty) + fieldsOf(empty), QString());
+    addChildrenAndFields(empty, "", "2C 1D");
+    addChildrenAndFields(equal, "", "1A 1B 1C 1D");
+    addChildrenAndFields(item, "", "3A 1B 2C");
+    for (const auto order : {childrenOf, fieldsOf}) {
+        QCOMPARE(order(empty), text("2C 1D"));
+        QCOMPARE(order(equal), text("1D 1C 1A 1B"));
+        QCOMPARE(order(item), text("1B 2C 3A"));
+    }
+    addChildrenAndFields(item, "", "2D 0E");
+    for (const auto order : {childrenOf, fieldsOf})
+        QCOMPARE(order(item), text("1B 2C 3A 2D 0E"));
 }
 
 void CatalogItemTest::listsEveryChildThatWasAdded()
@@ -132,38 +99,57 @@ void CatalogItemTest::keepsFieldsOfProfilesApart()
 {
     Catalog catalog(text("catalog"));
     CatalogItem item;
+    item.setCatalog(&catalog);
     addChildrenAndFields(item, "P", "2B 1A");
     addChildrenAndFields(item, "p", "2Y 1X");
     addChildrenAndFields(item, "", "2K 1J");
-    QCOMPARE(fieldsOf(item), QString()); // it has no catalog
-    item.setCatalog(&catalog);
     QCOMPARE(fieldsOf(item), text("1J 2K")); // the null profile is the empty one
     catalog.setProfile(text("P"));
     QCOMPARE(fieldsOf(item), text("1A 2B"));
     addChildrenAndFields(item, "P", "0C");
     addChildrenAndFields(item, "p", "0Z"); // not late, as nobody has asked for this profile yet
     QCOMPARE(fieldsOf(item), text("1A 2B 0C"));
+    item.getFields().first().setCaption(text("changed"));
     catalog.setProfile(text("p"));
     QCOMPARE(fieldsOf(item), text("0Z 1X 2Y"));
-    item.setCatalog(nullptr);
-    QCOMPARE(fieldsOf(item), QString());
+    catalog.setProfile(text("P"));
+    QCOMPARE(fieldsOf(item), text("changed 2B 0C"));
 }
 
-// Here and below, one stack frame for each level would overflow any usual stack.
-void CatalogItemTest::goesWithATreeOfAnyDepth()
+// What is written into its list has no effect, neither on what it gives next nor once it has a catalog.
+void CatalogItemTest::hasNoFieldsWithoutACatalog()
 {
-    CatalogSptr catalog = chain(1000000, false);
-    const QWeakPointer<CatalogItem> bottom = catalog->getItemById(text("999999"));
-    catalog.reset();
-    QVERIFY(!bottom);
+    Catalog catalog(text("catalog"));
+    CatalogItem item, other;
+    addChildrenAndFields(item, "", "1A");
+    for (CatalogItem *one : {&item, &other}) {
+        QVERIFY(one->getFields().isEmpty());
+        one->getFields().append(CatalogInputField());
+        QVERIFY(one->getFields().isEmpty());
+    }
+    item.setCatalog(&catalog);
+    QCOMPARE(fieldsOf(item), text("1A"));
+    item.setCatalog(nullptr);
+    QVERIFY(item.getFields().isEmpty());
 }
 
+// A comb: each item is the parent of the next one and of another one. One stack frame for each level would
+// overflow any usual stack.
 void CatalogItemTest::outlivesItsCatalogWithATreeOfAnyDepth()
 {
-    CatalogSptr catalog = chain(30000, true);
+    constexpr int depth = 40000;
+    auto catalog = CatalogSptr::create(text("deep"));
+    catalog->getCatalogItems().insert(QString(), ItemPtr::create());
+    for (int level = 0; level < depth; ++level) {
+        const QString id = QString::number(level);
+        const QString parentId = level > 0 ? QString::number(level - 1) : QString();
+        for (const auto &item : {makeItem(id, 0, parentId), makeItem(QLatin1Char('-') + id, 1, id)})
+            catalog->getCatalogItems().insert(item->id(), item);
+    }
+    catalog->setStatus(Catalog::Loaded);
     ItemPtr kept = catalog->getItemById(text("1"));
     const QWeakPointer<CatalogItem> above = catalog->getItemById(text("0"));
-    const QWeakPointer<CatalogItem> bottom = catalog->getItemById(text("-29999"));
+    const QWeakPointer<CatalogItem> bottom = catalog->getItemById(text("-%1").arg(depth - 1));
     catalog.reset();
     QVERIFY(!above && bottom && !kept->catalog() && !bottom.toStrongRef()->catalog());
     QCOMPARE(childrenOf(*kept), text("2 -1"));

@@ -2,6 +2,7 @@
 
 #include "catalogs/access/CatalogConfigData.h"
 #include "catalogs/building/CatalogLoader.h"
+#include "catalogs/format/CatalogFormat.h"
 #include "catalogs/reading/ScrambledText.h"
 
 #include <QFile>
@@ -93,6 +94,36 @@ QByteArray recordsFrom(const QByteArray &lines)
         records += "</" + kind.toUtf8() + ">\n";
     }
     return records;
+}
+
+QByteArray scrambledCatalog(const QString &path)
+{
+    static const QRegularExpression fieldWithText(text("<(\\w+)>([^<]*)(?=<)"));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qUtf8Printable(path));
+    // Latin-1 stands for the bytes, whatever their encoding is.
+    const QString clear = QString::fromLatin1(file.readAll());
+    QString result;
+    int done = 0;
+    for (auto matches = fieldWithText.globalMatch(clear); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        if (!Catalogs::CatalogFormat::isScrambled(match.capturedView(1)))
+            continue;
+        result += clear.midRef(done, match.capturedStart(2) - done);
+        result += Catalogs::ScrambledText::encode(QString::fromUtf8(match.captured(2).toLatin1()));
+        done = match.capturedEnd(2);
+    }
+    return (result + clear.midRef(done)).toLatin1();
+}
+
+QString summaryOf(const Catalogs::CatalogReadFailure &failure)
+{
+    const QString place = text("%1:%2").arg(failure.line).arg(failure.column);
+    const QString summaries[] = {text("read"), text("not read"), text("not well-formed at ") + place,
+                                 text("refused at %1: %2 without %3")
+                                     .arg(place, failure.record, failure.missingFields.join(text(" and ")))};
+    return summaries[failure.reason];
 }
 
 Catalogs::CatalogSptr loaded(const QByteArray &records)

@@ -3,6 +3,7 @@
 
 #include "catalogs/access/ICatalogFileNameProvider.h"
 #include "catalogs/model/Catalog.h"
+#include "catalogs/reading/CatalogReadFailure.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -43,6 +44,13 @@ QByteArray scrambled(const char *name, const QString &text);
 /// kind, the scrambled ones in clear. A line that ends with ';' goes on in the next one. Of two values of one
 /// name the later counts; a field with an empty value is left out.
 QByteArray recordsFrom(const QByteArray &lines);
+
+/// The bytes of a catalog file that is written in the clear, with the scrambled fields scrambled. Elements with
+/// the attribute raw keep their text.
+QByteArray scrambledCatalog(const QString &path);
+
+/// "read", "not read", "not well-formed at 3:1", or "refused at 3:9: COL without COL_Column_ID".
+QString summaryOf(const Catalogs::CatalogReadFailure &failure);
 
 /// The catalog "id" of a file with these records.
 Catalogs::CatalogSptr loaded(const QByteArray &records);

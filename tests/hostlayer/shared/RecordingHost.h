@@ -1,4 +1,5 @@
-// A host layer that records log messages. What it does differs from the stand-in on purpose.
+// A host layer that writes down every call of the library, and the thread that makes it. What it does differs
+// from the stand-in on purpose.
 #pragma once
 
 #include <QList>
@@ -6,6 +7,15 @@
 #include <QStringList>
 #include <QStringRef>
 #include <QVariant>
+
+namespace Orvida::Recording {
+
+// What is written down before each call of this thread.
+extern thread_local const char *threadName;
+QStringList &calls();
+void record(const char *call, const QString &argument = QString());
+
+} // namespace Orvida::Recording
 
 namespace Orvida::Base {
 using GUID = QString;
@@ -18,7 +28,6 @@ class CLogger
 public:
     enum LogLevel { Fatal = 0, Error = 1, Warning = 2, Info = 3, Debug = 4, Trace = 5 };
     static void logMessage(LogLevel level, const QString &category, const QString &message);
-    static QStringList &messages();
 };
 
 } // namespace Orvida::Logging
@@ -28,16 +37,11 @@ namespace Orvida::Shared {
 class ListItem
 {
 public:
-    ListItem(const QVariant &value, const QString &caption, const QString &itemText)
-        : m_value(value), m_caption(caption), m_itemText(itemText)
-    {
-    }
-    QVariant storedValue() const { return m_value; }
+    ListItem(const QVariant &value, const QString &, const QString &) : m_value(value) {}
+    QString storedText() const { return m_value.toString(); }
 
 private:
     QVariant m_value;
-    QString m_caption;
-    QString m_itemText;
 };
 
 class InputField
@@ -45,36 +49,54 @@ class InputField
 public:
     enum DataType { Undefined, Text, Integer, Decimal, Boolean, Date, Time };
 
-    InputField() = default;
+    InputField() { Recording::record("InputField"); }
+    InputField(const InputField &other) : m_values(other.m_values) { Recording::record("copy"); }
+    InputField &operator=(const InputField &other)
+    {
+        m_values = other.m_values;
+        Recording::record("assign");
+        return *this;
+    }
     virtual ~InputField() = default;
 
-    void setCaption(const QString &text) { caption = text; }
-    void setDataType(DataType value) { type = value; }
-    void setItemList(const QList<ListItem> &entries) { list = entries; }
-    void setIsVisible(bool value) { visible = value; }
-    void setIsReadonly(bool) {}
-    void setIsMandatory(bool) {}
-    void setPrecission(int) {}
-    void setMaximumTextLength(int) {}
-    void setBoundColumn(const QString &) {}
-    void setInputFormat(const QString &text) { format = text; }
-    void setDisplayFormat(const QString &) {}
-    void setDefaultValue(const QString &) {}
-    void setMinimumValue(const QString &text) { minimum = text; }
-    void setMaximumValue(const QString &text) { maximum = text; }
-    void setUnit(const QString &) {}
-    DataType dataType() const { return type; }
-    QString minimumValue() const { return minimum; }
-    QString maximumValue() const { return maximum; }
-    QString inputFormat() const { return format; }
+    void setCaption(const QString &text) { Recording::record("setCaption", text); }
+    void setDataType(DataType type) { Recording::record("setDataType", number(m_values.type = type)); }
+    void setItemList(const QList<ListItem> &entries);
+    void setIsVisible(bool value) { Recording::record("setIsVisible", number(value)); }
+    void setIsReadonly(bool value) { Recording::record("setIsReadonly", number(value)); }
+    void setIsMandatory(bool value) { Recording::record("setIsMandatory", number(value)); }
+    void setPrecission(int value) { Recording::record("setPrecission", number(value)); }
+    void setMaximumTextLength(int value) { Recording::record("setMaximumTextLength", number(value)); }
+    void setBoundColumn(const QString &text) { Recording::record("setBoundColumn", text); }
+    void setInputFormat(const QString &text) { Recording::record("setInputFormat", m_values.format = text); }
+    void setDisplayFormat(const QString &text) { Recording::record("setDisplayFormat", text); }
+    void setDefaultValue(const QString &text) { Recording::record("setDefaultValue", text); }
+    void setMinimumValue(const QString &text)
+    {
+        Recording::record("setMinimumValue", m_values.minimum = text);
+    }
+    void setMaximumValue(const QString &text)
+    {
+        Recording::record("setMaximumValue", m_values.maximum = text);
+    }
+    void setUnit(const QString &text) { Recording::record("setUnit", text); }
+    DataType dataType() const { return m_values.type; }
+    QString minimumValue() const { return m_values.minimum; }
+    QString maximumValue() const { return m_values.maximum; }
+    QString inputFormat() const { return m_values.format; }
 
-    QString caption;
-    QString minimum;
-    QString maximum;
-    QString format;
-    DataType type = Time;
-    bool visible = false;
-    QList<ListItem> list;
+private:
+    static QString number(int value) { return QString::number(value); }
+
+    // What the library reads back.
+    struct Values
+    {
+        QString minimum;
+        QString maximum;
+        QString format;
+        DataType type = Time;
+    };
+    Values m_values;
 };
 
 class DataConverter
@@ -83,6 +105,7 @@ public:
     template <typename Text>
     static bool stringToBool(const Text &text)
     {
+        Recording::record("stringToBool", text.toString());
         return text == QLatin1String("oui");
     }
     static InputField::DataType stringToDataType(const QStringRef &text);
