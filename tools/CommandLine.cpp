@@ -14,8 +14,8 @@ namespace Orvida::Tools {
 namespace {
 
 constexpr const char *footer =
-    "Exit status: 0 done, 1 the answer is no (an unknown code or profile), 2 a file could not be\n"
-    "read or loaded, 3 wrong usage.";
+    "Exit status: 0 done, 1 the answer is no (an unknown code, a text that was left as it is), 2 a file\n"
+    "could not be read, loaded or written, 3 wrong usage.";
 
 std::string helpText(const CLI::App &app)
 {

@@ -64,27 +64,23 @@ void reportForm(const CatalogFile &file)
         printWarning(file.name(), {}, QStringLiteral("this file is scrambled already; leave --readable out"));
 }
 
-void reportFailure(const CatalogFile &file)
-{
-    const CatalogReadFailure &failure = file.failure();
-    printError(file.name(), {failure.line, failure.column}, problem(failure));
-    if (failure.reason == CatalogReadFailure::RecordRefused && lacksScrambledKey(failure)
-        && file.isInOtherForm())
-        reportForm(file);
-    else
-        printRemedy(remedy(failure));
-}
-
 } // namespace
+
+void reportFailure(const QString &name, const CatalogReadFailure &failure)
+{
+    printError(name, {failure.line, failure.column}, problem(failure));
+    printRemedy(remedy(failure));
+}
 
 bool reportLoad(CatalogFile &file)
 {
-    if (!file.isLoaded()) {
-        reportFailure(file);
-        return false;
-    }
-    if (file.isInOtherForm())
+    const bool isInOtherForm = (file.isLoaded() || lacksScrambledKey(file.failure())) && file.isInOtherForm();
+    if (!file.isLoaded())
+        reportFailure(file.name(), file.failure());
+    if (isInOtherForm)
         reportForm(file);
+    if (!file.isLoaded())
+        return false;
     // A file with another root element loads well, as an empty catalog.
     if (file.catalog().getCatalogItems().size() == 1)
         printWarning(file.name(), {}, QStringLiteral("no codes in this catalog; is its root element OVCAT?"));
