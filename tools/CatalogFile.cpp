@@ -97,24 +97,19 @@ bool CatalogFile::isInOtherForm() const
 // Reads the file and makes the form of it that the library loads.
 bool CatalogFile::prepare()
 {
-    m_failure.reason = CatalogReadFailure::FileNotRead;
     if (!m_input.read()) {
-        m_failure.detail = m_input.errorText();
+        m_failure = m_input.failure();
         return false;
     }
-    if (m_form == TextForm::Readable) {
-        const FormChange change(m_input.bytes());
-        if (change.failure().reason != CatalogReadFailure::None) {
-            m_failure = change.failure();
-            return false;
-        }
-        if (!m_scrambled.append(change.scrambled())) {
-            m_failure.detail = m_scrambled.errorText();
-            return false;
-        }
-    }
-    m_failure = CatalogReadFailure();
-    return true;
+    if (m_form == TextForm::Scrambled)
+        return true;
+    const FormChange change(m_input.bytes());
+    m_failure = change.failure();
+    if (m_failure.reason != CatalogReadFailure::None || m_scrambled.append(change.scrambled()))
+        return m_failure.reason == CatalogReadFailure::None;
+    m_failure.reason = CatalogReadFailure::FileNotRead;
+    m_failure.detail = m_scrambled.errorText();
+    return false;
 }
 
 // The loader only tells that a load failed. Reading the records tells why.

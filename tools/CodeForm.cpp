@@ -18,7 +18,9 @@ constexpr int labelWidth = 16;
 
 QString codeAndCaption(const CatalogItem &item)
 {
-    return item.code().isEmpty() ? item.caption() : item.code() + QLatin1Char(' ') + item.caption();
+    QStringList texts{item.code(), item.caption()};
+    texts.removeAll(QString());
+    return texts.join(QLatin1Char(' '));
 }
 
 // The codes above `item` and the item itself. A parent that is not in the catalog, or that closes a loop,
@@ -56,8 +58,8 @@ QString tiesOf(const QHash<QString, QSharedPointer<CatalogItem>> &items, const C
     }
     if (names.isEmpty())
         return QString();
-    return QStringLiteral("open; %1 with the same sort order %2, hosts show them in any order")
-        .arg(names.join(QStringLiteral(", ")), QString::number(item.sortOrder()));
+    return QStringLiteral("open: same sort order as %1; hosts show them in any order")
+        .arg(names.join(QStringLiteral(", ")));
 }
 
 QString numberUnlessZero(int number)
@@ -79,7 +81,7 @@ void CodeForm::print(Catalog &catalog, CatalogItem &item)
 
 void CodeForm::printHead(Catalog &catalog, const CatalogItem &item)
 {
-    m_out << m_style.code(OutputStyle::singleLine(item.code())) << "  "
+    m_out << m_style.code(OutputStyle::singleLine(item.code())) << (item.caption().isEmpty() ? "" : "  ")
           << m_style.title(OutputStyle::singleLine(item.caption())) << '\n';
     const QString none;
     printProperty(none, QStringLiteral("path"), pathOf(catalog.getCatalogItems(), item));

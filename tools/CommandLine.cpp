@@ -3,9 +3,12 @@
 #include "tools/CommandOutput.h"
 #include "tools/ExitStatus.h"
 #include "tools/Messages.h"
+#include "tools/NearNames.h"
 
 #include <QString>
+#include <QStringList>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 
@@ -14,8 +17,8 @@ namespace Orvida::Tools {
 namespace {
 
 constexpr const char *footer =
-    "Exit status: 0 done, 1 the answer is no (an unknown code or profile), 2 a file could not be\n"
-    "read or loaded, 3 wrong usage.";
+    "Exit status: 0 done, 1 the answer is no (an unknown code, a text that was left as it is), 2 a file\n"
+    "could not be read, loaded or written, 3 wrong usage.";
 
 std::string helpText(const CLI::App &app)
 {
@@ -42,6 +45,29 @@ int endWithoutRunning(const CLI::App &app, const CLI::ParseError &error)
     return WrongUsage;
 }
 
+// What is no option is the name of a command. The parser would only miss one.
+bool namesNoCommand(const CLI::App &app, const QString &word)
+{
+    const auto commands = app.get_subcommands(nullptr);
+    const bool isKnown = std::any_of(commands.begin(), commands.end(), [&word](const CLI::App *command) {
+        return word == QString::fromStdString(command->get_name());
+    });
+    return !word.startsWith(QLatin1Char('-')) && !isKnown;
+}
+
+int reportUnknownCommand(const CLI::App &app, const QString &word)
+{
+    QStringList names;
+    for (const CLI::App *command : app.get_subcommands(nullptr))
+        names << QString::fromStdString(command->get_name());
+    const QStringList near = nearNames(word, names);
+    printMessage(QStringLiteral("there is no command %1; %2")
+                     .arg(quoted(word), near.isEmpty()
+                                            ? QStringLiteral("orvida-catalog --help lists them")
+                                            : QStringLiteral("did you mean %1?").arg(near.first())));
+    return WrongUsage;
+}
+
 } // namespace
 
 int runCommandLine(int argc, char **argv, const std::vector<std::unique_ptr<Command>> &commands)
@@ -52,6 +78,9 @@ int runCommandLine(int argc, char **argv, const std::vector<std::unique_ptr<Comm
     app.footer(footer);
     for (const auto &command : commands)
         command->addTo(app);
+    const QString word = QString::fromLocal8Bit(argc > 1 ? argv[1] : "-");
+    if (namesNoCommand(app, word))
+        return reportUnknownCommand(app, word);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {

@@ -58,15 +58,12 @@ bool InputFile::isStandardInput() const
 bool InputFile::open(QFile &file)
 {
     // Qt prints a warning of its own for no name.
-    if (m_fileName.isEmpty()) {
-        m_errorText = QStringLiteral("No such file or directory");
-        return false;
-    }
+    if (m_fileName.isEmpty())
+        return fail(QStringLiteral("No such file or directory"));
     file.setFileName(m_fileName);
     if (isStandardInput() ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly))
         return true;
-    m_errorText = file.errorString();
-    return false;
+    return fail(file.errorString());
 }
 
 bool InputFile::copy(QFile &file)
@@ -74,20 +71,23 @@ bool InputFile::copy(QFile &file)
     bool isFirst = true;
     for (;;) {
         const QByteArray block = file.read(blockSize);
-        if (file.error() != QFileDevice::NoError) {
-            m_errorText = file.errorString();
-            return false;
-        }
-        if (!m_copy.append(block)) {
-            m_errorText = m_copy.errorText();
-            return false;
-        }
+        if (file.error() != QFileDevice::NoError)
+            return fail(file.errorString());
+        if (!m_copy.append(block))
+            return fail(m_copy.errorText());
         if (block.isEmpty())
             return true;
         if (isFirst && (block.size() == blockSize || !isRegular(file)) && isMalformed(block))
             return true;
         isFirst = false;
     }
+}
+
+bool InputFile::fail(const QString &errorText)
+{
+    m_failure.reason = Catalogs::CatalogReadFailure::FileNotRead;
+    m_failure.detail = errorText;
+    return false;
 }
 
 } // namespace Orvida::Tools

@@ -1,6 +1,7 @@
 // A file that a command was told to read, or standard input.
 #pragma once
 
+#include "catalogs/reading/CatalogReadFailure.h"
 #include "tools/MemoryFile.h"
 
 #include <QByteArray>
@@ -17,10 +18,10 @@ public:
     /// For the file `fileName`; "-" stands for standard input.
     explicit InputFile(const QString &fileName);
 
-    /// Reads the file; false when that fails, `errorText` says why. Of a file that cannot be XML only the
+    /// Reads the file; false when that fails, `failure` says why. Of a file that cannot be XML only the
     /// beginning is kept: a device may have no end.
     [[nodiscard]] bool read();
-    QString errorText() const { return m_errorText; }
+    const Catalogs::CatalogReadFailure &failure() const { return m_failure; }
 
     /// The file as messages name it: as the user did, or "<standard input>".
     QString name() const;
@@ -35,9 +36,10 @@ private:
     bool isStandardInput() const;
     bool open(QFile &file);
     bool copy(QFile &file);
+    bool fail(const QString &errorText);
 
     QString m_fileName;
-    QString m_errorText;
+    Catalogs::CatalogReadFailure m_failure;
     MemoryFile m_copy;
 };
 

@@ -40,51 +40,50 @@ QString remedy(const CatalogReadFailure &failure)
 {
     switch (failure.reason) {
     case CatalogReadFailure::FileNotRead:
-        return QStringLiteral("check the name of the file and the right to read it.");
+        return QStringLiteral("check the name of the file and the right to read it");
     case CatalogReadFailure::NotWellFormed:
-        return QStringLiteral("correct the XML there; a catalog loads as a whole or not at all.");
+        return QStringLiteral("correct the XML there; a catalog loads as a whole or not at all");
     case CatalogReadFailure::RecordRefused:
         return QStringLiteral("give the record a %1 that is not empty, or remove the record; one such record "
-                              "keeps the whole catalog from loading.")
+                              "keeps the whole catalog from loading")
             .arg(failure.missingFields.value(0));
     case CatalogReadFailure::None: break;
     }
-    return QStringLiteral("try again.");
+    return QStringLiteral("try again");
 }
 
-// Says that the file is to be loaded as the other form.
-void reportForm(const CatalogFile &file)
+// That the file is to be loaded as the other form.
+QString otherForm(const CatalogFile &file)
 {
-    if (file.form() == TextForm::Scrambled)
-        printWarning(
-            file.name(), {},
-            QStringLiteral("this is the readable form of a catalog; hosts read nothing of its captions "
-                           "and codes. Use --readable, or scramble the file"));
-    else
-        printWarning(file.name(), {}, QStringLiteral("this file is scrambled already; leave --readable out"));
+    if (file.form() == TextForm::Readable)
+        return QStringLiteral("the file is scrambled already; leave --readable out");
+    return QStringLiteral(
+        "this is the readable form of a catalog, and hosts read nothing of its captions and "
+        "codes; use --readable, or scramble the file");
 }
 
-void reportFailure(const CatalogFile &file)
+void reportFailure(const QString &name, const CatalogReadFailure &failure, const QString &remedyText)
 {
-    const CatalogReadFailure &failure = file.failure();
-    printError(file.name(), {failure.line, failure.column}, problem(failure));
-    if (failure.reason == CatalogReadFailure::RecordRefused && lacksScrambledKey(failure)
-        && file.isInOtherForm())
-        reportForm(file);
-    else
-        printRemedy(remedy(failure));
+    printError(name, {failure.line, failure.column}, problem(failure));
+    printRemedy(remedyText);
 }
 
 } // namespace
 
+void reportFailure(const QString &name, const CatalogReadFailure &failure)
+{
+    reportFailure(name, failure, remedy(failure));
+}
+
 bool reportLoad(CatalogFile &file)
 {
+    const bool isInOtherForm = (file.isLoaded() || lacksScrambledKey(file.failure())) && file.isInOtherForm();
     if (!file.isLoaded()) {
-        reportFailure(file);
+        reportFailure(file.name(), file.failure(), isInOtherForm ? otherForm(file) : remedy(file.failure()));
         return false;
     }
-    if (file.isInOtherForm())
-        reportForm(file);
+    if (isInOtherForm)
+        printWarning(file.name(), {}, otherForm(file));
     // A file with another root element loads well, as an empty catalog.
     if (file.catalog().getCatalogItems().size() == 1)
         printWarning(file.name(), {}, QStringLiteral("no codes in this catalog; is its root element OVCAT?"));

@@ -21,15 +21,19 @@ CLI::Option *addTextOption(CLI::App &command, const char *name, std::optional<QS
         ->option_text("TEXT");
 }
 
-void addFile(CLI::App &command, CatalogFile::Options &options)
+void addInputFile(CLI::App &command, QString &fileName)
 {
     command
         .add_option_function<std::string>(
-            "FILE",
-            [&options](const std::string &value) { options.fileName = QString::fromStdString(value); },
+            "FILE", [&fileName](const std::string &value) { fileName = QString::fromStdString(value); },
             "Catalog file; - is standard input")
         ->option_text(" ")
         ->required();
+}
+
+void addFile(CLI::App &command, CatalogFile::Options &options)
+{
+    addInputFile(command, options.fileName);
     command.add_flag("--readable", options.isReadable,
                      "The file is in the readable form: its captions and codes are in the clear");
 }

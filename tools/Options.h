@@ -18,7 +18,10 @@ namespace Orvida::Tools {
 CLI::Option *addTextOption(CLI::App &command, const char *name, std::optional<QString> &text,
                            const char *help);
 
-/// The catalog file that a command reads, and --readable.
+/// The file that a command reads.
+void addInputFile(CLI::App &command, QString &fileName);
+
+/// The catalog file that a command loads, and --readable.
 void addFile(CLI::App &command, CatalogFile::Options &options);
 
 /// --color

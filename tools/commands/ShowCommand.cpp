@@ -46,7 +46,7 @@ QString summary(const CatalogFile &file)
 int reportUnknown(const QString &kind, const QString &name, const QStringList &names)
 {
     const QStringList near = nearNames(name, names);
-    QString text = QStringLiteral("no %1 %2 in this catalog").arg(kind, name);
+    QString text = QStringLiteral("no %1 %2 in this catalog").arg(kind, quoted(name));
     if (!near.isEmpty())
         text += QStringLiteral("; did you mean %1?").arg(near.join(QStringLiteral(", ")));
     printMessage(text);

@@ -1,0 +1,36 @@
+// orvida-catalog scramble and unscramble: from the readable form of a catalog to the one that hosts load, and
+// back.
+#pragma once
+
+#include "tools/TextForm.h"
+#include "tools/commands/Command.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace Orvida::Tools {
+
+class FormCommand : public Command
+{
+public:
+    /// The command that brings files into the form `target`.
+    explicit FormCommand(TextForm target);
+    int run() override;
+
+private:
+    void addOptions(CLI::App &command) override;
+    bool isOutputTheInput() const;
+    bool refuses(const FormChange &change, const QString &name) const;
+    QByteArray changed(const FormChange &change, const QString &name, int &status) const;
+    int write(const QByteArray &document, int status) const;
+
+    const TextForm m_target;
+    QString m_fileName;
+    std::optional<QString> m_output;
+    bool m_isInPlace = false;
+    bool m_isForced = false;
+};
+
+} // namespace Orvida::Tools
