@@ -96,25 +96,30 @@ QByteArray recordsFrom(const QByteArray &lines)
     return records;
 }
 
-QByteArray scrambledCatalog(const QString &path)
+QByteArray scrambledForm(const QByteArray &clear)
 {
     static const QRegularExpression fieldWithText(text("<(\\w+)>([^<]*)(?=<)"));
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qUtf8Printable(path));
     // Latin-1 stands for the bytes, whatever their encoding is.
-    const QString clear = QString::fromLatin1(file.readAll());
+    const QString bytes = QString::fromLatin1(clear);
     QString result;
     int done = 0;
-    for (auto matches = fieldWithText.globalMatch(clear); matches.hasNext();) {
+    for (auto matches = fieldWithText.globalMatch(bytes); matches.hasNext();) {
         const QRegularExpressionMatch match = matches.next();
         if (!Catalogs::CatalogFormat::isScrambled(match.capturedView(1)))
             continue;
-        result += clear.midRef(done, match.capturedStart(2) - done);
+        result += bytes.midRef(done, match.capturedStart(2) - done);
         result += Catalogs::ScrambledText::encode(QString::fromUtf8(match.captured(2).toLatin1()));
         done = match.capturedEnd(2);
     }
-    return (result + clear.midRef(done)).toLatin1();
+    return (result + bytes.midRef(done)).toLatin1();
+}
+
+QByteArray scrambledCatalog(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qUtf8Printable(path));
+    return scrambledForm(file.readAll());
 }
 
 QString summaryOf(const Catalogs::CatalogReadFailure &failure)

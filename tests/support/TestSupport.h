@@ -45,8 +45,10 @@ QByteArray scrambled(const char *name, const QString &text);
 /// name the later counts; a field with an empty value is left out.
 QByteArray recordsFrom(const QByteArray &lines);
 
-/// The bytes of a catalog file that is written in the clear, with the scrambled fields scrambled. Elements with
-/// the attribute raw keep their text.
+/// The catalog `clear` with the texts of its scrambled fields scrambled. Elements with the attribute raw keep
+/// their text; escapes are not looked at.
+QByteArray scrambledForm(const QByteArray &clear);
+/// The same for the file at `path`.
 QByteArray scrambledCatalog(const QString &path);
 
 /// "read", "not read", "not well-formed at 3:1", or "refused at 3:9: COL without COL_Column_ID".
