@@ -88,10 +88,15 @@ const RecordPositions &CatalogFile::positions()
     return *m_positions;
 }
 
-bool CatalogFile::isInOtherForm() const
+QString CatalogFile::otherFormText() const
 {
-    const std::optional<TextForm> form = formOfFile(m_input.path());
-    return form && *form != m_form;
+    if (formOfFile(m_input.path()).value_or(m_form) == m_form)
+        return QString();
+    if (m_form == TextForm::Readable)
+        return QStringLiteral("the file is scrambled already; leave --readable out");
+    return QStringLiteral(
+        "this is the readable form of a catalog, and hosts read nothing of its captions and "
+        "codes; use --readable, or scramble the file");
 }
 
 // Reads the file and makes the form of it that the library loads.
@@ -104,24 +109,35 @@ bool CatalogFile::prepare()
     if (m_form == TextForm::Scrambled)
         return true;
     const FormChange change(m_input.bytes());
-    m_failure = change.failure();
-    if (m_failure.reason != CatalogReadFailure::None || m_scrambled.append(change.scrambled()))
-        return m_failure.reason == CatalogReadFailure::None;
-    m_failure.reason = CatalogReadFailure::FileNotRead;
-    m_failure.detail = m_scrambled.errorText();
-    return false;
+    if (change.failure()) {
+        m_failure = *change.failure();
+        return false;
+    }
+    if (!m_scrambled.append(change.scrambled())) {
+        m_failure = unreadable(m_scrambled.errorText());
+        return false;
+    }
+    return true;
 }
 
 // The loader only tells that a load failed. Reading the records tells why.
 void CatalogFile::findFailure()
 {
-    m_failure = records().failure();
-    if (m_form == TextForm::Scrambled || m_failure.reason != CatalogReadFailure::RecordRefused)
+    const CatalogReadFailure &failure = records().failure();
+    m_failure = failureOf(failure);
+    if (failure.reason != CatalogReadFailure::RecordRefused)
         return;
-    const FilePosition position = translated({m_failure.line, m_failure.column},
-                                             RecordPositions(path(), TextForm::Scrambled), positions());
-    m_failure.line = position.line;
-    m_failure.column = position.column;
+    if (m_form == TextForm::Readable)
+        m_failure.position =
+            translated(m_failure.position, RecordPositions(path(), TextForm::Scrambled), positions());
+    // A scrambled key in the clear decodes to something else, often to nothing.
+    const QStringList &fields = failure.missingFields;
+    const bool lacksScrambledKey = std::any_of(fields.cbegin(), fields.cend(), [](const QString &field) {
+        return Catalogs::CatalogFormat::isScrambled(field);
+    });
+    const QString otherForm = lacksScrambledKey ? otherFormText() : QString();
+    if (!otherForm.isEmpty())
+        m_failure.remedy = otherForm;
 }
 
 QString CatalogFile::path() const

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "catalogs/model/Catalog.h"
-#include "catalogs/reading/CatalogReadFailure.h"
 #include "catalogs/reading/CatalogXMLParser.h"
+#include "tools/FileFailure.h"
 #include "tools/InputFile.h"
 #include "tools/RecordPositions.h"
 #include "tools/TextForm.h"
@@ -33,7 +33,7 @@ public:
 
     bool isLoaded() const { return m_catalog && m_catalog->IsValid(); }
     /// Why the catalog is not loaded.
-    const Catalogs::CatalogReadFailure &failure() const { return m_failure; }
+    const FileFailure &failure() const { return m_failure; }
 
     /// The catalog, with the profile that the loader chose. Only when it is loaded, as all that follows.
     Catalogs::Catalog &catalog() const { return *m_catalog; }
@@ -55,9 +55,9 @@ public:
     /// Whether the load found items or fields that name what is not in the file.
     bool hasLooseEnds() const { return m_hasLooseEnds; }
 
-    /// Whether the file seems to be in the other form than the one it was loaded as.
-    bool isInOtherForm() const;
-    TextForm form() const { return m_form; }
+    /// What to do about it when the file seems to be in the other form than the one it was loaded as; else
+    /// empty.
+    QString otherFormText() const;
 
     /// The file as messages name it, and without its folders.
     QString name() const { return m_input.name(); }
@@ -74,7 +74,7 @@ private:
     TextForm m_form;
     MemoryFile m_scrambled; // what the library reads when the file is readable
     Catalogs::CatalogSptr m_catalog;
-    Catalogs::CatalogReadFailure m_failure;
+    FileFailure m_failure;
     bool m_hasLooseEnds = false;
     std::unique_ptr<Catalogs::CatalogXMLParser> m_records;
     std::unique_ptr<RecordPositions> m_positions;

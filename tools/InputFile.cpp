@@ -85,8 +85,7 @@ bool InputFile::copy(QFile &file)
 
 bool InputFile::fail(const QString &errorText)
 {
-    m_failure.reason = Catalogs::CatalogReadFailure::FileNotRead;
-    m_failure.detail = errorText;
+    m_failure = unreadable(errorText);
     return false;
 }
 

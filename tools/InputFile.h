@@ -1,7 +1,7 @@
 // A file that a command was told to read, or standard input.
 #pragma once
 
-#include "catalogs/reading/CatalogReadFailure.h"
+#include "tools/FileFailure.h"
 #include "tools/MemoryFile.h"
 
 #include <QByteArray>
@@ -21,7 +21,7 @@ public:
     /// Reads the file; false when that fails, `failure` says why. Of a file that cannot be XML only the
     /// beginning is kept: a device may have no end.
     [[nodiscard]] bool read();
-    const Catalogs::CatalogReadFailure &failure() const { return m_failure; }
+    const FileFailure &failure() const { return m_failure; }
 
     /// The file as messages name it: as the user did, or "<standard input>".
     QString name() const;
@@ -39,7 +39,7 @@ private:
     bool fail(const QString &errorText);
 
     QString m_fileName;
-    Catalogs::CatalogReadFailure m_failure;
+    FileFailure m_failure;
     MemoryFile m_copy;
 };
 

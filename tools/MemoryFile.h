@@ -1,6 +1,8 @@
 // A file without a name: what is written once can be opened by path any number of times.
 #pragma once
 
+#include "tools/FileFailure.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QString>
@@ -19,7 +21,7 @@ public:
 
     /// Adds `bytes` at the end; false when there is no room, `errorText` says why.
     [[nodiscard]] bool append(const QByteArray &bytes);
-    QString errorText() const { return m_file->errorString(); }
+    QString errorText() const { return errorTextOf(*m_file); }
 
     /// Opens this file from its start; valid in this process while the object lives.
     QString path() const;

@@ -85,7 +85,8 @@ QString xmlText(const QString &text, const TextRewriter &document)
     for (const uint codePoint : text.toUcs4()) {
         const QString character = QString::fromUcs4(&codePoint, 1);
         const bool isMarkup = codePoint == '&' || codePoint == '<' || codePoint == '>';
-        if (isMarkup || needsReference(character.at(0)) || !document.canEncode(character))
+        const bool isAscii = codePoint < 0x80;
+        if (isMarkup || needsReference(character.at(0)) || !(isAscii || document.canEncode(character)))
             xml += escaped(codePoint);
         else
             xml += character;
@@ -149,14 +150,19 @@ std::optional<TextForm> formOfFile(const QString &path)
 FormChange::FormChange(const QByteArray &document)
     : m_rewriter(document), m_texts(findFieldTexts(document, m_rewriter.text()))
 {
-    if (m_texts.errorText.isEmpty() && m_rewriter.isDecoded() && m_texts.isTextOfDocument)
-        return;
-    m_failure.reason = CatalogReadFailure::NotWellFormed;
-    m_failure.line = m_texts.errorPosition.line;
-    m_failure.column = m_texts.errorPosition.column;
-    m_failure.detail = m_texts.errorText;
-    if (m_texts.errorText.isEmpty())
-        m_failure.detail = QStringLiteral("The encoding does not let texts be replaced; save it as UTF-8.");
+    if (!m_texts.errorText.isEmpty()) {
+        CatalogReadFailure failure;
+        failure.reason = CatalogReadFailure::NotWellFormed;
+        failure.line = m_texts.errorPosition.line;
+        failure.column = m_texts.errorPosition.column;
+        failure.detail = m_texts.errorText;
+        m_failure = failureOf(failure);
+    } else if (!m_texts.isTextOfDocument || scrambled().isNull()) {
+        // Whether its parts can be replaced shows when they are.
+        m_failure = FileFailure{{},
+                                QStringLiteral("texts cannot be replaced in the encoding of the file"),
+                                QStringLiteral("save it as UTF-8")};
+    }
 }
 
 std::optional<TextForm> FormChange::form() const

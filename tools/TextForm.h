@@ -1,9 +1,8 @@
 // The two forms of a catalog file: the one that hosts load, and the readable one.
 #pragma once
 
-#include "catalogs/reading/CatalogReadFailure.h"
 #include "tools/FieldTexts.h"
-#include "tools/Messages.h"
+#include "tools/FileFailure.h"
 #include "tools/TextRewriter.h"
 
 #include <QByteArray>
@@ -37,8 +36,8 @@ public:
 
     explicit FormChange(const QByteArray &document);
 
-    /// Why the file cannot be changed at all; its reason is `None` when it can. As the loader tells it.
-    const Catalogs::CatalogReadFailure &failure() const { return m_failure; }
+    /// Why the file cannot be changed at all; none when it can.
+    const std::optional<FileFailure> &failure() const { return m_failure; }
 
     /// As `formOfFile`.
     std::optional<TextForm> form() const;
@@ -56,7 +55,7 @@ public:
 private:
     TextRewriter m_rewriter;
     FieldTexts m_texts;
-    Catalogs::CatalogReadFailure m_failure;
+    std::optional<FileFailure> m_failure;
 };
 
 } // namespace Orvida::Tools

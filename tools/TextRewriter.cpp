@@ -77,9 +77,12 @@ TextRewriter::TextRewriter(const QByteArray &document) : m_document(document)
     m_isDecoded = state.invalidChars == 0 && state.remainingChars == 0;
 }
 
-bool TextRewriter::canEncode(const QString &character) const
+// Not QTextCodec::canEncode(), which says yes to pairs of surrogates in UTF-32 and adds a zero to each.
+bool TextRewriter::canEncode(const QString &text) const
 {
-    return m_codec->canEncode(character);
+    const QByteArray bytes = encoded(*m_codec, text.constData(), text.size());
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    return m_codec->toUnicode(bytes.constData(), bytes.size(), &state) == text;
 }
 
 void TextRewriter::replace(int begin, int end, const QString &replacement)

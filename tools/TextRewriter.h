@@ -22,8 +22,8 @@ public:
     /// The document without its byte-order mark.
     const QString &text() const { return m_text; }
 
-    /// Whether the encoding of the document has `character`, which may be a surrogate pair.
-    bool canEncode(const QString &character) const;
+    /// Whether the encoding of the document has all characters of `text`.
+    bool canEncode(const QString &text) const;
 
     /// Puts `replacement` in the place of the UTF-16 units from `begin` to before `end`. Calls go from the
     /// start of the document to its end, and their places do not overlap.

@@ -3,7 +3,6 @@
 #include "tools/CommandOutput.h"
 #include "tools/ExitStatus.h"
 #include "tools/InputFile.h"
-#include "tools/LoadReport.h"
 #include "tools/Messages.h"
 #include "tools/Options.h"
 
@@ -11,8 +10,6 @@
 #include <QSaveFile>
 
 namespace Orvida::Tools {
-
-using Catalogs::CatalogReadFailure;
 
 FormCommand::FormCommand(TextForm target)
     : Command(target == TextForm::Scrambled ? "scramble" : "unscramble",
@@ -48,19 +45,19 @@ int FormCommand::run()
     }
     InputFile input(m_fileName);
     if (!input.read()) {
-        reportFailure(input.name(), input.failure());
+        printFailure(input.name(), input.failure());
         return NotReadable;
     }
     const FormChange change(input.bytes());
-    if (change.failure().reason != CatalogReadFailure::None) {
-        reportFailure(input.name(), change.failure());
+    if (change.failure()) {
+        printFailure(input.name(), *change.failure());
         return NotReadable;
     }
     if (refuses(change, input.name()))
         return AnswerIsNo;
     int status = Done;
     const QByteArray document = changed(change, input.name(), status);
-    return document.isEmpty() ? status : write(document, status);
+    return write(document, status);
 }
 
 bool FormCommand::isOutputTheInput() const
@@ -86,22 +83,17 @@ bool FormCommand::refuses(const FormChange &change, const QString &name) const
     return !obstacles.isEmpty();
 }
 
-// The file in its new form; empty when its encoding does not allow it. Texts that are left as they are make
-// the answer a no.
+// The file in its new form. Texts that are left as they are make the answer a no.
 QByteArray FormCommand::changed(const FormChange &change, const QString &name, int &status) const
 {
+    if (m_target == TextForm::Scrambled)
+        return change.scrambled();
     QVector<FormChange::Note> left;
-    const QByteArray document =
-        m_target == TextForm::Scrambled ? change.scrambled() : change.unscrambled(m_isForced, left);
+    const QByteArray document = change.unscrambled(m_isForced, left);
     for (const FormChange::Note &note : qAsConst(left))
         printWarning(name, note.position, note.text);
     if (!left.isEmpty())
         status = AnswerIsNo;
-    if (document.isEmpty()) {
-        printError(name, {},
-                   QStringLiteral("texts cannot be replaced in this encoding; save the file as UTF-8"));
-        status = NotReadable;
-    }
     return document;
 }
 
@@ -117,7 +109,7 @@ int FormCommand::write(const QByteArray &document, int status) const
     QSaveFile file(name);
     if (file.open(QIODevice::WriteOnly) && file.write(document) == document.size() && file.commit())
         return status;
-    printError(name, {}, QStringLiteral("cannot write the file: ") + file.errorString());
+    printError(name, {}, QStringLiteral("cannot write the file: ") + errorTextOf(file));
     return NotReadable;
 }
 

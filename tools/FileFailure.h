@@ -1,0 +1,32 @@
+// Why something could not be done with a file, in words.
+#pragma once
+
+#include "catalogs/reading/CatalogReadFailure.h"
+#include "tools/Messages.h"
+
+#include <QFileDevice>
+#include <QString>
+
+namespace Orvida::Tools {
+
+/// What is wrong with a file, where, and how to fix it.
+struct FileFailure
+{
+    FilePosition position;
+    QString problem;
+    QString remedy;
+};
+
+/// Of a file that the library does not read.
+FileFailure failureOf(const Catalogs::CatalogReadFailure &failure);
+
+/// Of a file that cannot be read at all, as the system says in `errorText`.
+FileFailure unreadable(const QString &errorText);
+
+/// What the system says of `device`, which did not take all that was written to it or failed otherwise.
+QString errorTextOf(const QFileDevice &device);
+
+/// Writes `failure` of the file `name` to standard error.
+void printFailure(const QString &name, const FileFailure &failure);
+
+} // namespace Orvida::Tools
