@@ -1,15 +1,11 @@
 // catalog-listing FILE: loads a catalog file written in the clear and prints everything that came of it, for
 // the listings beside the catalogs. An element whose start tag has the attribute raw keeps its text.
 #include "catalogs/building/CatalogLoader.h"
-#include "catalogs/reading/CatalogXMLParser.h"
+#include "reading/RecordListing.h"
 #include "support/CatalogWalk.h"
-#include "support/TestSupport.h"
 
 #include <QLoggingCategory>
-#include <QMap>
-#include <QRegularExpression>
 #include <QSet>
-#include <QVariant>
 #include <QWeakPointer>
 
 #include <algorithm>
@@ -20,100 +16,12 @@ using namespace Orvida::Tests;
 
 namespace {
 
-using ItemPtr = QSharedPointer<CatalogItem>;
-
-QString quoted(const QString &value)
-{
-    QString result;
-    for (const QChar c : value) {
-        const bool isPlain = c.isPrint() && (c == QLatin1Char(' ') || !c.isSpace());
-        result +=
-            isPlain || c.isSurrogate() ? QString(c) : text("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
-    }
-    return QLatin1Char('"') + result + QLatin1Char('"');
-}
-
-// " name=value" of every value but null texts, 0 and false. `expressions` is "r.name, r->name(), ...".
-QString listed(const char *expressions, const QVariantList &values)
-{
-    static const QRegularExpression noName(text("r(\\.|->)|[^\\w,]"));
-    const QStringList names = text(expressions).remove(noName).split(QLatin1Char(','));
-    QString line;
-    for (int i = 0; i < values.size(); ++i) {
-        const QVariant &value = values.at(i);
-        const bool isText = value.type() == QVariant::String;
-        if (isText ? !value.toString().isNull() : value.toBool())
-            line += text(" %1=").arg(names.at(i)) + (isText ? quoted(value.toString()) : value.toString());
-    }
-    return line;
-}
-
-// Defines what is listed of a record `r`. A plus makes a number of flags.
-#define ORVIDA_LISTED(Record, ...)                                                                           \
-    QString propertiesOf(const Record &r)                                                                    \
-    {                                                                                                        \
-        return listed(#__VA_ARGS__, {__VA_ARGS__});                                                          \
-    }
-
-ORVIDA_LISTED(CatalogParserProfile, r.pk, r.format, r.exportType, r.description, r.sortOrder)
-ORVIDA_LISTED(CatalogParserProfileExtended, r.pk, r.profileFk, r.isStart, r.isOrvida)
-ORVIDA_LISTED(CatalogParserColumn, r.profileFk, r.listClassRef, r.columnId, r.exportId, r.caption,
-              r.defaultValue, r.inputFormat, r.displayFormat, r.unit, r.toolTip, r.rangeFrom, r.rangeTo,
-              r.steps, r.length, r.precision, r.sortOrder, r.transport, r.isVirtual, r.visible, r.readOnly,
-              r.mandatory, r.dataType)
-ORVIDA_LISTED(CatalogParserListClass, r.pk, r.classId, r.profileFk, r.caption, r.typeFlags, r.items.size())
-ORVIDA_LISTED(CatalogParserListItem, r.item, r.internal, r.paramId, r.classFk, r.sortOrder, r.caption)
-ORVIDA_LISTED(CatalogParserParameter, r.pk, r.id, r.placeholder, r.caption, r.prefix, r.suffix, r.unit,
-              r.sortOrder, r.dataType, r.typeFlags)
-ORVIDA_LISTED(CatalogParserParamExtended, r.baseCodeFk, r.charExtFk, r.paramFk, r.defaultValue, r.inputFormat,
-              r.displayFormat, r.columnId, r.listClassId, r.rangeFrom, r.rangeTo, r.steps, r.length,
-              r.precision, r.clockType, r.mandatory)
-ORVIDA_LISTED(ItemPtr, r->id(), r->parentId(), r->caption(), r->code(), r->followers(), r->item(),
-              r->remarks(), r->iconId(), r->observationText(), r->closeCode(), +r->typeFlags(),
-              r->sortOrder(), r->constructionType(), r->autoPicture(), r->isVirtual())
-ORVIDA_LISTED(CatalogInputField, r.caption(), r.boundColumn(), r.defaultValue(), r.displayFormat(),
-              r.inputFormat(), r.minimumValue(), r.maximumValue(), r.step(), r.observationTextParamName(),
-              r.prefix(), r.suffix(), r.unit(), r.maximumTextLength(), r.precission(), r.sortOrder(),
-              r.dataType(), +r.typeFlags(), r.isMandatory(), r.isReadonly(), r.isVisible())
-ORVIDA_LISTED(Orvida::Shared::ListItem, r.value(), r.caption(), r.itemText())
-
 // Standard output, unbuffered: what the library writes there keeps its place among these lines.
 void print(int depth, const QString &line)
 {
     const QByteArray bytes = QByteArray(2 * depth, ' ') + line.toUtf8() + '\n';
     if (write(STDOUT_FILENO, bytes.constData(), size_t(bytes.size())) != bytes.size())
         qFatal("cannot write to standard output");
-}
-
-// A table by its keys in order.
-template <typename Value>
-QMap<QString, Value> sorted(const QHash<QString, Value> &table)
-{
-    QMap<QString, Value> result;
-    for (auto entry = table.cbegin(); entry != table.cend(); ++entry)
-        result.insert(entry.key(), *entry);
-    return result;
-}
-
-template <typename Record>
-void printRecords(const QString &label, const Record &record)
-{
-    print(1, label + propertiesOf(record));
-}
-
-template <typename Record>
-void printRecords(const QString &label, const QList<Record> &records)
-{
-    for (const Record &record : records)
-        printRecords(label, record);
-}
-
-template <typename Value>
-void printRecords(const QString &label, const QHash<QString, Value> &table)
-{
-    const auto inOrder = sorted(table);
-    for (auto entry = inOrder.cbegin(); entry != inOrder.cend(); ++entry)
-        printRecords(label + QLatin1Char(' ') + quoted(entry.key()), *entry);
 }
 
 // Reads the file once more, with a parser of its own; gives every profile that anything is filed under.
@@ -124,13 +32,8 @@ QStringList printReading(const QString &path)
     print(0, parser.readFile(path, items) ? text("read") : summaryOf(parser.failure()));
     print(0, text("style %1").arg(CatalogXMLParser().readCatalogStyleFlag(path)));
     print(0, text("records"));
-    printRecords(text("profile"), parser.m_profiles);
-    printRecords(text("profile extension"), parser.m_profileExtensions);
-    printRecords(text("column"), parser.m_columns);
-    printRecords(text("list class"), parser.m_listClasses);
-    printRecords(text("list item"), parser.m_listItems);
-    printRecords(text("parameter"), parser.m_parameters);
-    printRecords(text("parameter extension"), parser.m_parameterExtensions);
+    for (const QString &line : linesOf(parser))
+        print(1, line);
     QMap<QString, int> profiles = {{QString(), 0}};
     for (const auto &profile : qAsConst(parser.m_profiles))
         profiles.insert(profile.pk, 0);

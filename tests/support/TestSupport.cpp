@@ -13,6 +13,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace Orvida::Tests {
@@ -156,6 +157,23 @@ QStringList LogCapture::messages() const
 {
     const QMutexLocker lock(&logMutex);
     return logged;
+}
+
+// What is still in a buffer of the C library's is written to where it belongs. Not so at the end: what the
+// library has not flushed by itself does not count as written to the file.
+StandardOutputTo::StandardOutputTo(const char *path)
+    : m_savedOutput((std::fflush(stdout), dup(STDOUT_FILENO)))
+{
+    const int file = open(path, O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    if (file < 0 || dup2(file, STDOUT_FILENO) < 0)
+        qFatal("cannot write to %s", path);
+    close(file);
+}
+
+StandardOutputTo::~StandardOutputTo()
+{
+    dup2(m_savedOutput, STDOUT_FILENO);
+    close(m_savedOutput);
 }
 
 StandardOutputCapture::StandardOutputCapture()

@@ -69,6 +69,18 @@ public:
     QStringList messages() const;
 };
 
+/// Puts what is written to standard output, by whatever writes it, into a file while it lives. Takes no memory.
+class StandardOutputTo
+{
+public:
+    explicit StandardOutputTo(const char *path);
+    ~StandardOutputTo();
+    Q_DISABLE_COPY(StandardOutputTo)
+
+private:
+    const int m_savedOutput;
+};
+
 /// Collects what is written to standard output while it lives, whatever writes it.
 class StandardOutputCapture
 {
