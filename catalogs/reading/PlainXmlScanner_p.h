@@ -52,6 +52,9 @@ public:
     /// How many tokens have been read. QXmlStreamReader, which knows the position, is at the same token after
     /// as many calls of its `readNext()`.
     qint64 tokenCount() const { return m_tokenCount; }
+    /// Not known, and always 0.
+    qint64 lineNumber() const { return 0; }
+    qint64 columnNumber() const { return 0; }
 
 private:
     // Of the lengths and number of elements' names, and of nesting. What is beyond is no catalog.
