@@ -19,39 +19,63 @@ using Shared::DoubleFormater;
 using Shared::InputField;
 using Columns = QVector<const CatalogParserColumn *>;
 
-// A clock position reads as a span of the clock, from prefix to suffix, whatever its type and range.
-bool isClockPosition(const CatalogInputField &field)
+// Composes the captions of the fields of one extension. They are mostly equal in all profiles, and then share
+// one string.
+class Captions
 {
-    return field.observationTextParamName().toUpper() == QLatin1String("@CLK");
-}
+public:
+    explicit Captions(const QString &parameterCaption) : m_parameterCaption(parameterCaption) {}
 
-bool showsRange(const CatalogInputField &field)
-{
-    if (field.dataType() == InputField::Boolean)
-        return false;
-    const QString minimum = field.minimumValue();
-    const QString maximum = field.maximumValue();
-    return minimum != maximum && !minimum.isEmpty() && !maximum.isEmpty();
-}
+    QString captionOf(const CatalogInputField &field)
+    {
+        if (isClockPosition(field))
+            return composed(QStringLiteral("%1 (%2 x %3)"), field.prefix(), field.suffix());
+        if (!showsRange(field))
+            return m_parameterCaption;
+        // In this order, not as two arguments of one call: hosts see when their formatter is called.
+        const QString minimum = DoubleFormater::toString(field.minimumValue(), field.inputFormat());
+        const QString maximum = DoubleFormater::toString(field.maximumValue(), field.inputFormat());
+        return composed(QStringLiteral("%1 (%2 - %3)"), minimum, maximum);
+    }
 
-// The markers are replaced in one pass, so that a percent sign in a caption stays what it is.
-QString composedCaption(const QString &caption, const CatalogInputField &field)
-{
-    if (isClockPosition(field))
-        return QStringLiteral("%1 (%2 x %3)").arg(caption, field.prefix(), field.suffix());
-    if (!showsRange(field))
-        return caption;
-    // In this order, not as two arguments of one call: hosts see when their formatter is called.
-    const QString minimum = DoubleFormater::toString(field.minimumValue(), field.inputFormat());
-    const QString maximum = DoubleFormater::toString(field.maximumValue(), field.inputFormat());
-    return QStringLiteral("%1 (%2 - %3)").arg(caption, minimum, maximum);
-}
+private:
+    // A clock position reads as a span of the clock, from prefix to suffix, whatever its type and range.
+    static bool isClockPosition(const CatalogInputField &field)
+    {
+        return field.observationTextParamName().toUpper() == QLatin1String("@CLK");
+    }
 
-// The setters are the host's, and a host sees their order. `caption` is that of the extension's field before:
-// the captions are mostly equal in all profiles, and then share one string.
+    static bool showsRange(const CatalogInputField &field)
+    {
+        if (field.dataType() == InputField::Boolean)
+            return false;
+        const QString minimum = field.minimumValue();
+        const QString maximum = field.maximumValue();
+        return minimum != maximum && !minimum.isEmpty() && !maximum.isEmpty();
+    }
+
+    // The markers are replaced in one pass, so that a percent sign in a caption stays what it is.
+    QString composed(const QString &pattern, const QString &from, const QString &to)
+    {
+        if (m_composed.isNull() || from != m_from || to != m_to) {
+            m_from = from;
+            m_to = to;
+            m_composed = pattern.arg(m_parameterCaption, from, to);
+        }
+        return m_composed;
+    }
+
+    const QString m_parameterCaption;
+    // The caption composed last, and its limits. All fields of an extension have one pattern.
+    QString m_composed;
+    QString m_from;
+    QString m_to;
+};
+
+// The setters are the host's, and a host sees their order.
 CatalogInputField builtField(const CatalogParserParamExtended &extension,
                              const CatalogParserParameter &parameter, const CatalogParserColumn &column,
-                             const ListLookup &lists, QString &caption)
+                             const ListLookup &lists, Captions &captions)
 {
     CatalogInputField field;
     field.setBoundColumn(extension.columnId);
@@ -73,10 +97,7 @@ CatalogInputField builtField(const CatalogParserParamExtended &extension,
     field.setSortOrder(parameter.sortOrder);
     field.setDataType(static_cast<InputField::DataType>(parameter.dataType));
     field.setTypeFlags(static_cast<TypeFlags>(parameter.typeFlags));
-    const QString composed = composedCaption(parameter.caption, field);
-    if (composed != caption)
-        caption = composed;
-    field.setCaption(caption);
+    field.setCaption(captions.captionOf(field));
     const auto listsOfProfile = lists.constFind(column.profileFk);
     if (listsOfProfile != lists.constEnd() && !extension.listClassId.isEmpty()) {
         const auto entries = listsOfProfile->constFind(extension.listClassId);
@@ -124,9 +145,9 @@ void buildInputFields(const CatalogXMLParser &parser, Catalog &catalog, const Li
         const auto found = parser.m_parameters.constFind(extension.paramFk);
         const CatalogParserParameter &parameter =
             found != parser.m_parameters.constEnd() ? *found : noParameter;
-        QString caption = parameter.caption;
+        Captions captions(parameter.caption);
         for (const CatalogParserColumn *column : columns.value(extension.columnId))
-            (*item)->addField(column->profileFk, builtField(extension, parameter, *column, lists, caption));
+            (*item)->addField(column->profileFk, builtField(extension, parameter, *column, lists, captions));
     }
 }
 

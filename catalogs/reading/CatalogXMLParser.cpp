@@ -8,10 +8,7 @@
 #include "catalogs/reading/TextPool_p.h"
 #include "catalogs/reading/XmlInput_p.h"
 
-#include <QPair>
 #include <QVector>
-
-#include <sys/stat.h>
 
 namespace Orvida::Catalogs {
 
@@ -21,20 +18,12 @@ namespace {
 // disk each time.
 constexpr qint64 largestPlainFile = Q_INT64_C(1) << 30;
 
-// Whether the open file can be read again from its start: pipes and devices cannot.
-bool isRegular(const QFile &file)
-{
-    struct stat status;
-    return fstat(file.handle(), &status) == 0 && S_ISREG(status.st_mode);
-}
-
 } // namespace
 
 struct CatalogXMLParser::Private
 {
     [[nodiscard]] bool isPlain();
     [[nodiscard]] bool readPlain(const RecordStore &store);
-    void findRefusedRecord(qint64 endToken);
 
     XmlInput input;
     TextPool texts;
@@ -111,11 +100,10 @@ const CatalogReadFailure &CatalogXMLParser::failure() const
 // Finds out by a first pass whether the scanner can read the whole file; the file is at its start again then.
 bool CatalogXMLParser::Private::isPlain()
 {
-    if (!isRegular(input.file) || input.file.size() > largestPlainFile)
+    if (input.file.isSequential() || input.file.size() > largestPlainFile)
         return false;
-    PlainXmlScanner scanner(input.file);
-    while (!isLast(scanner.readNext())) {
-    }
+    PlainXmlScanner scanner(input.file, PlainXmlScanner::usualBlock, false);
+    scanner.skipCurrentElement();
     // Errors are for the pass that reads the records.
     input.file.unsetError();
     return input.file.seek(0) && !scanner.hasError();
@@ -124,35 +112,22 @@ bool CatalogXMLParser::Private::isPlain()
 bool CatalogXMLParser::Private::readPlain(const RecordStore &store)
 {
     PlainXmlScanner scanner(input.file);
-    const bool isAccepted = RecordReader(scanner, store, failure).readDocument();
-    if (isAccepted && !scanner.hasError())
+    if (RecordReader(scanner, store, failure).readDocument() && !scanner.hasError())
         return true;
-    if (failure.reason == CatalogReadFailure::RecordRefused) {
-        findRefusedRecord(scanner.tokenCount());
+    if (failure.reason != CatalogReadFailure::RecordRefused) {
+        failure.reason = CatalogReadFailure::FileNotRead;
+        failure.detail = input.file.error() == QFileDevice::NoError
+                             ? QStringLiteral("the file changed while it was read")
+                             : input.file.errorString();
         return false;
     }
-    failure.reason = CatalogReadFailure::FileNotRead;
-    failure.detail = input.file.error() != QFileDevice::NoError
-                         ? input.file.errorString()
-                         : QStringLiteral("the file changed while it was read");
-    return false;
-}
-
-// The scanner does not know places. The refused record ends with the token of number `endToken`, and begins
-// with the start tag that belongs to it.
-void CatalogXMLParser::Private::findRefusedRecord(qint64 endToken)
-{
-    QVector<QPair<qint64, qint64>> starts;
-    QPair<qint64, qint64> last;
+    // In place of a line, the scanner gave the number of a token: the other reader knows the line.
     input.file.seek(0);
-    for (qint64 token = 1; token <= endToken && !isLast(input.reader.readNext()); ++token) {
-        if (input.reader.isStartElement())
-            starts.append({input.reader.lineNumber(), input.reader.columnNumber() + 1});
-        else if (input.reader.isEndElement())
-            last = starts.takeLast();
+    for (qint64 token = 0; token < failure.line && !isLast(input.reader.readNext()); ++token) {
     }
-    failure.line = last.first;
-    failure.column = last.second;
+    failure.line = input.reader.lineNumber();
+    failure.column = input.reader.columnNumber() + 1;
+    return false;
 }
 
 const QVector<QString> &parameterExtensionsInFileOrder(const CatalogXMLParser &parser)

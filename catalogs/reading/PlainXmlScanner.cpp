@@ -158,22 +158,20 @@ bool takeQuoted(const uchar *&at, std::string_view &value)
     return true;
 }
 
-// The attributes of a tag, up to the end of the tag. Nobody asks for them.
+// The attributes of a tag, up to the end of the tag. Nobody asks for them. A name that is found anywhere
+// before counts as repeated.
 bool takeAttributes(const uchar *&at)
 {
-    constexpr std::size_t most = 32;
-    std::vector<std::string_view> names;
+    const uchar *const begin = at;
     std::string_view value;
-    while (takeAll<Space>(at, ignore)) {
+    for (int count = 0; count <= 32 && takeAll<Space>(at, ignore); ++count) {
         if (*at == '>' || *at == '/')
             return true;
-        const bool isApart = kinds[at[-1]] & Space;
+        const std::string_view before = viewOf(begin, at);
         const std::string_view name = takeName(at);
-        const bool isRepeated = std::find(names.begin(), names.end(), name) != names.end();
-        if (!isApart || isRepeated || name.empty() || name == "xmlns" || names.size() == most
-            || !takeBytes(at, "=") || !takeQuoted(at, value))
+        if (!(kinds[begin[before.size() - 1]] & Space) || name.empty() || name == "xmlns"
+            || before.find(name) != before.npos || !takeBytes(at, "=") || !takeQuoted(at, value))
             return false;
-        names.push_back(name);
     }
     return false;
 }
@@ -185,17 +183,13 @@ bool takeDocumentStart(const uchar *&at)
     std::string_view encoding = "UTF-8";
     if (*at == 0xEF && !takeBytes(at, "\xEF\xBB\xBF"))
         return false;
-    const uchar *const begin = at;
-    if (!takeBytes(at, "<?xml version=")) {
-        const bool isElse = *at != 0; // not the end of the bytes
-        at = isElse ? begin : at;
-        return isElse;
-    }
-    const bool isTaken =
-        takeQuoted(at, version)
-        && (*at == '?' || at[1] == '?' || (takeBytes(at, " encoding=") && takeQuoted(at, encoding)))
-        && (*at == '?' || takeBytes(at, " ")) && takeBytes(at, "?>");
-    return isTaken && version == "1.0" && encoding.size() == 5 && qstrnicmp(encoding.data(), "UTF-8", 5) == 0;
+    const bool isDeclared = *at == '<' && (at[1] == '?' || at[1] == 0);
+    if (!isDeclared || !takeBytes(at, "<?xml version=") || !takeQuoted(at, version))
+        return !isDeclared && *at != 0;
+    if (*at == ' ' && at[1] != '?' && (!takeBytes(at, " encoding=") || !takeQuoted(at, encoding)))
+        return false;
+    return (*at == '?' || takeBytes(at, " ")) && takeBytes(at, "?>") && version == "1.0"
+           && encoding.size() == 5 && qstrnicmp(encoding.data(), "UTF-8", 5) == 0;
 }
 
 bool takeComment(const uchar *&at)
@@ -255,18 +249,20 @@ bool PlainXmlScanner::readMore()
 // A token. `Invalid`, with nothing changed, is final unless `at` is the end of the bytes.
 Token PlainXmlScanner::scan(const uchar *&at)
 {
-    if (m_tokenCount == 1)
-        return takeDocumentStart(at) ? QXmlStreamReader::StartDocument : QXmlStreamReader::Invalid;
     if (m_isEmptyElement)
         return scanEndTag(at);
-    // White space around the root is no token.
-    const bool isOutside = m_openElements.empty();
-    if (isOutside && !takeAll<Space>(at, ignore))
-        return QXmlStreamReader::Invalid;
-    if (isOutside && m_isAllRead && m_lastStarted != &m_start && at == m_end)
-        return QXmlStreamReader::EndDocument;
-    if (*at != '<')
-        return isOutside ? QXmlStreamReader::Invalid : scanText(at);
+    if (m_openElements.empty()) {
+        if (m_tokenCount == 1)
+            return takeDocumentStart(at) ? QXmlStreamReader::StartDocument : QXmlStreamReader::Invalid;
+        // White space around the root is no token.
+        const bool isTaken = takeAll<Space>(at, ignore);
+        if (isTaken && m_isAllRead && m_lastStarted != &m_start && at == m_end)
+            return QXmlStreamReader::EndDocument;
+        if (!isTaken || *at != '<')
+            return QXmlStreamReader::Invalid;
+    } else if (*at != '<') {
+        return scanText(at);
+    }
     if (at[1] == '!')
         return takeComment(at) ? QXmlStreamReader::Comment : QXmlStreamReader::Invalid;
     return at[1] == '/' ? scanEndTag(at) : scanStartTag(at);
@@ -305,6 +301,9 @@ Token PlainXmlScanner::scanEndTag(const uchar *&at)
 
 Token PlainXmlScanner::scanText(const uchar *&at)
 {
+    if (!m_keepsText)
+        return takeAll<Text>(at, ignore) && *at == '<' ? QXmlStreamReader::Characters
+                                                       : QXmlStreamReader::Invalid;
     QChar *end = m_text.data();
     const auto append = [&end](uint character) {
         if (QChar::requiresSurrogates(character))

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 class QIODevice;
@@ -29,10 +30,12 @@ class PlainXmlScanner
 {
 public:
     using TokenType = QXmlStreamReader::TokenType;
+    static constexpr int usualBlock = 16 * 1024;
 
     /// Reads `device`, which is open and outlives the scanner, in blocks of `blockSize` bytes, at least one.
-    explicit PlainXmlScanner(QIODevice &device, int blockSize = 16 * 1024)
-        : m_device(device), m_blockSize(blockSize)
+    /// A scanner that does not keep texts, so that text() is empty, only tells whether a document is plain.
+    explicit PlainXmlScanner(QIODevice &device, int blockSize = usualBlock, bool keepsText = true)
+        : m_device(device), m_blockSize(blockSize), m_keepsText(keepsText)
     {
     }
     Q_DISABLE_COPY(PlainXmlScanner)
@@ -40,20 +43,21 @@ public:
     /// Reads the next token, which is `Invalid` also when the device fails. Stays at `Invalid` and
     /// `EndDocument`.
     TokenType readNext();
-    /// Reads on to the end tag of the innermost element that is open.
+    /// Reads on to the end tag of the innermost element that is open, or, outside the root, of the document.
     void skipCurrentElement();
 
     TokenType tokenType() const { return m_type; }
     bool hasError() const { return m_type == QXmlStreamReader::Invalid; }
     /// The name in a start or end tag; empty at other tokens. Valid as long as the scanner.
     QStringRef name() const { return m_name ? QStringRef(&m_name->text) : QStringRef(); }
+    /// What a caller has looked up for the name in a start tag, and by which function. It is kept with the
+    /// name, which repeats throughout a document.
+    std::pair<void (*)(), int> &lookUpOfName() { return m_name->lookUp; }
     /// The text of `Characters`; empty at other tokens, also at comments. Valid until the next token.
     QStringRef text() const { return QStringRef(&m_text, 0, m_textLength); }
-    /// How many tokens have been read. QXmlStreamReader, which knows the position, is at the same token after
-    /// as many calls of its `readNext()`.
-    qint64 tokenCount() const { return m_tokenCount; }
-    /// Not known, and always 0.
-    qint64 lineNumber() const { return 0; }
+    /// The number of the current token in place of its line, which the scanner does not know.
+    /// QXmlStreamReader is at the same token after as many calls of its `readNext()`.
+    qint64 lineNumber() const { return m_tokenCount; }
     qint64 columnNumber() const { return 0; }
 
 private:
@@ -66,6 +70,7 @@ private:
         std::string bytes;
         QString text;
         Name *follower = nullptr;
+        std::pair<void (*)(), int> lookUp;
     };
 
     [[nodiscard]] bool readMore();
@@ -77,6 +82,7 @@ private:
 
     QIODevice &m_device;
     const int m_blockSize;
+    const bool m_keepsText;
     // A zero byte, which belongs to no token, follows the bytes and stops every loop.
     std::vector<uchar> m_buffer = std::vector<uchar>(limit);
     const uchar *m_next = m_buffer.data(); // The bytes before it are read.
@@ -90,11 +96,11 @@ private:
     // QStringRef::toString() would share the memory.
     QString m_text;
     int m_textLength = 0;
-    const Name *m_name = nullptr;
+    Name *m_name = nullptr;
     Name m_start; // as if there were a start tag before the root
     Name *m_lastStarted = &m_start;
     std::unordered_map<std::string, Name> m_names;
-    std::vector<const Name *> m_openElements;
+    std::vector<Name *> m_openElements;
 };
 
 } // namespace Orvida::Catalogs

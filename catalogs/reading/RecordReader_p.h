@@ -10,6 +10,7 @@
 #include "catalogs/reading/CatalogReadFailure.h"
 #include "catalogs/reading/CatalogXMLParser.h"
 #include "catalogs/reading/FieldConversion_p.h"
+#include "catalogs/reading/PlainXmlScanner_p.h"
 #include "catalogs/reading/TextPool_p.h"
 
 #include <QHash>
@@ -38,6 +39,22 @@ struct RecordStore
 inline bool isLast(QXmlStreamReader::TokenType token)
 {
     return token == QXmlStreamReader::Invalid || token == QXmlStreamReader::EndDocument;
+}
+
+/// The token of the element on whose start tag `xml` is.
+template <typename Token>
+Token tokenIn(const QXmlStreamReader &xml, Token (*tokenOf)(const QStringRef &))
+{
+    return tokenOf(xml.name());
+}
+
+template <typename Token>
+Token tokenIn(PlainXmlScanner &xml, Token (*tokenOf)(const QStringRef &))
+{
+    auto &known = xml.lookUpOfName();
+    if (const auto lookUp = reinterpret_cast<void (*)()>(tokenOf); known.first != lookUp)
+        known = {lookUp, static_cast<int>(tokenOf(xml.name()))};
+    return static_cast<Token>(known.second);
 }
 
 /// Watches a reader at work. This one, a load's, does nothing, and the compiler leaves no trace of it.
@@ -111,7 +128,7 @@ private:
     // Sections count only where readDocument meets them: at the top and inside root elements.
     [[nodiscard]] bool readSection()
     {
-        switch (CCatalogTokenizer::stringToCatalogToken(m_xml.name())) {
+        switch (tokenIn(m_xml, &CCatalogTokenizer::stringToCatalogToken)) {
         case Section::OVCAT: return true;
         case Section::CATPRO: return readProfile();
         case Section::CPX: return readProfileExtension();
@@ -176,7 +193,7 @@ private:
             switch (token) {
             case QXmlStreamReader::StartElement:
                 ++depth;
-                field = tokenOf(m_xml.name());
+                field = tokenIn(m_xml, tokenOf);
                 m_observer.seeInside(static_cast<int>(field));
                 break;
             case QXmlStreamReader::Characters:

@@ -39,7 +39,7 @@ inline ScannerComparison compareWithQt(const QByteArray &document, int blockSize
                             && scanner.text() == (reader.isComment() ? QStringRef() : reader.text());
         if (!isSame && difference.isEmpty())
             difference = QStringLiteral("token %1: %2 \"%3%4\", not %5 \"%6%7\" %8")
-                             .arg(scanner.tokenCount())
+                             .arg(scanner.lineNumber())
                              .arg(token)
                              .arg(scanner.name(), scanner.text())
                              .arg(reader.tokenType())
