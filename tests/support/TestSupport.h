@@ -69,7 +69,8 @@ public:
     QStringList messages() const;
 };
 
-/// Puts what is written to standard output, by whatever writes it, into a file while it lives. Takes no memory.
+/// Puts what is written to standard output, by whatever writes it, into a file while it lives. Takes no
+/// memory.
 class StandardOutputTo
 {
 public:

@@ -30,10 +30,22 @@ void InputField::setPrecission(int) {}
 void InputField::setDataType(DataType) {}
 void InputField::setCaption(const QString &) {}
 void InputField::setItemList(const QList<ListItem> &) {}
-InputField::DataType InputField::dataType() const { return Text; }
-QString InputField::minimumValue() const { return {}; }
-QString InputField::maximumValue() const { return {}; }
-QString InputField::inputFormat() const { return {}; }
+InputField::DataType InputField::dataType() const
+{
+    return Text;
+}
+QString InputField::minimumValue() const
+{
+    return {};
+}
+QString InputField::maximumValue() const
+{
+    return {};
+}
+QString InputField::inputFormat() const
+{
+    return {};
+}
 
 template <>
 bool DataConverter::stringToBool(const QStringRef &text)
@@ -41,8 +53,14 @@ bool DataConverter::stringToBool(const QStringRef &text)
     return text == QLatin1String("true");
 }
 
-InputField::DataType DataConverter::stringToDataType(const QStringRef &) { return InputField::Text; }
+InputField::DataType DataConverter::stringToDataType(const QStringRef &)
+{
+    return InputField::Text;
+}
 
-QString DoubleFormater::toString(const QString &value, const QString &) { return value; }
+QString DoubleFormater::toString(const QString &value, const QString &)
+{
+    return value;
+}
 
 } // namespace Orvida::Shared
