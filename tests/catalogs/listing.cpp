@@ -1,27 +1,55 @@
-// catalog-listing FILE: loads a catalog file written in the clear and prints everything that came of it, for
-// the listings beside the catalogs. An element whose start tag has the attribute raw keeps its text.
+// catalog-listing FILE [ENCODING]: loads a catalog file written in the clear and prints everything that came
+// of it, for the listings beside the catalogs. An element whose start tag has the attribute raw keeps its
+// text. ENCODING takes the place of the locale's.
 #include "catalogs/building/CatalogLoader.h"
 #include "reading/RecordListing.h"
 #include "support/CatalogWalk.h"
 
 #include <QLoggingCategory>
 #include <QSet>
+#include <QTextCodec>
 #include <QWeakPointer>
 
 #include <algorithm>
-#include <unistd.h>
+#include <cstdio>
 
 using namespace Orvida::Catalogs;
 using namespace Orvida::Tests;
 
 namespace {
 
-// Standard output, unbuffered: what the library writes there keeps its place among these lines.
 void print(int depth, const QString &line)
 {
-    const QByteArray bytes = QByteArray(2 * depth, ' ') + line.toUtf8() + '\n';
-    if (write(STDOUT_FILENO, bytes.constData(), size_t(bytes.size())) != bytes.size())
-        qFatal("cannot write to standard output");
+    std::printf("%*s%s\n", 2 * depth, "", qUtf8Printable(line));
+}
+
+// Loads the file and prints what is logged meanwhile and what the library writes to standard output, which is
+// about orphans; these are in the order of a hash.
+CatalogSptr printLoad(const QString &path)
+{
+    const QByteArray output = QFile::encodeName(path + text(".out"));
+    CatalogSptr catalog;
+    QStringList messages;
+    {
+        const LogCapture log;
+        const StandardOutputTo file(output.constData());
+        catalog = CatalogLoader().loadCatalog(path, text("catalog é"));
+        messages = log.messages();
+    }
+    print(0, text("log"));
+    for (const QString &message : qAsConst(messages))
+        print(1, quoted(message));
+    print(0, text("orphans"));
+    QFile written(QFile::decodeName(output));
+    written.open(QIODevice::ReadOnly);
+    QStringList orphans =
+        QString::fromLocal8Bit(written.readAll()).split(QRegularExpression(text("(?=Parent of item: )")));
+    orphans.sort();
+    for (const QString &orphan : qAsConst(orphans)) {
+        if (!orphan.isEmpty())
+            print(1, quoted(orphan));
+    }
+    return catalog;
 }
 
 // Reads the file once more, with a parser of its own; gives every profile that anything is filed under.
@@ -106,18 +134,13 @@ void printCodes(Catalog &catalog, const QStringList &profiles)
 
 int main(int argc, char **argv)
 {
-    if (argc != 2)
-        qFatal("usage: catalog-listing FILE");
+    if (argc != 2 && argc != 3)
+        qFatal("usage: catalog-listing FILE [ENCODING]");
+    if (argc == 3)
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName(argv[2]));
     const CatalogFolder folder;
     const QString path = folder.write(text("catalog.xml"), scrambledCatalog(QFile::decodeName(argv[1])));
-    CatalogSptr catalog;
-    {
-        const LogCapture log;
-        catalog = CatalogLoader().loadCatalog(path, text("id"));
-        print(0, text("log"));
-        for (const QString &message : log.messages())
-            print(1, quoted(message));
-    }
+    CatalogSptr catalog = printLoad(path);
     QLoggingCategory::setFilterRules(text("*=false"));
     const QStringList profiles = printReading(path);
     const QString profile = catalog->profile();

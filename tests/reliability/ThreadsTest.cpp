@@ -23,19 +23,21 @@ constexpr int catalogCount = 100;
 constexpr int entryCount = 3;   // list entries of a catalog, each logged when it is made
 constexpr char firstId[] = "0"; // of a catalog that loads
 
+// Its column and its list are named A in the scrambled form.
 QByteArray catalogWithStyle(const QByteArray &style)
 {
-    return catalogXml("<CATALOG><CAT_Style>" + style + "</CAT_Style></CATALOG>" + recordsFrom(R"(
-        CATPRO PK=P
-        COL Profile_FK=P;Column_ID=C;DataType=TXT;Visible=true;Mandatory=false
-        LC PK=l;Profile_FK=P;Class_ID=L
-        LIST Class_FK=l;Item=a;Caption=a
-        LIST Class_FK=l;Item=b;Caption=b
-        LIST Class_FK=l;Item=c;Caption=c
-        CLASS PK=C
-        BASECODE PK=B;Class_FK=C;Code=BA
-        PARAM PK=X;ID=X;DataType=TXT
-        PARAMX PK=x;BaseCode_FK=B;Param_FK=X;Column_ID=C;ListClass_ID=L)"));
+    const QByteArray records = R"(
+        <CATPRO><PRO_PK>P</PRO_PK></CATPRO>
+        <COL><COL_Profile_FK>P</COL_Profile_FK><COL_Column_ID>05</COL_Column_ID><COL_DataType>TXT</COL_DataType>
+          <COL_Visible>true</COL_Visible></COL>
+        <LC><LC_PK>l</LC_PK><LC_Profile_FK>P</LC_Profile_FK><LC_Class_ID>05</LC_Class_ID></LC>
+        <LIST><LIST_Class_FK>l</LIST_Class_FK><LIST_Item>a</LIST_Item></LIST>
+        <LIST><LIST_Class_FK>l</LIST_Class_FK><LIST_Item>b</LIST_Item></LIST>
+        <LIST><LIST_Class_FK>l</LIST_Class_FK><LIST_Item>c</LIST_Item></LIST>
+        <BASECODE><BC_PK>B</BC_PK></BASECODE>
+        <PARAMX><PX_PK>x</PX_PK><PX_BaseCode_FK>B</PX_BaseCode_FK><PX_Column_ID>A</PX_Column_ID>
+          <PX_ListClass_ID>A</PX_ListClass_ID></PARAMX>)";
+    return catalogXml("<CATALOG><CAT_Style>" + style + "</CAT_Style></CATALOG>" + records);
 }
 
 // Runs `task(0)` to `task(threadCount - 1)` on threads that start together, and gives their results.
@@ -144,7 +146,8 @@ void ThreadsTest::loadEachCatalogOnce()
     CatalogManager &manager = *CatalogManager::instance();
     const auto answers = onManyThreads([&](int thread) {
         const CatalogSptr own = CatalogLoader().loadCatalog(folder.path(ids.first()), QString());
-        const bool isWhole = own->getItem(text("BA"))->getFields().size() == 1;
+        const bool isWhole =
+            own->getItemById(text("B"))->getFields().value(0).itemList().size() == entryCount;
         Answers found = {{catalogCount, {nullptr, isWhole}}};
         const auto numberAt = [thread](int step) { return (thread * 37 + step) % catalogCount; };
         for (int step = 0; step < catalogCount; ++step)
