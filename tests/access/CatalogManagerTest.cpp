@@ -72,7 +72,6 @@ class CatalogManagerTest : public QObject
 
 private Q_SLOTS:
     void describesItsSignals();
-    void composesPaths_data();
     void composesPaths();
     void loadsOncePerIdentifier();
     void triesAFailedCatalogAgain();
@@ -99,37 +98,21 @@ void CatalogManagerTest::describesItsSignals()
         QCOMPARE(QMetaType::type(type), int(QMetaType::UnknownType));
 }
 
-void CatalogManagerTest::composesPaths_data()
-{
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("path");
-    QTest::newRow("folder with separator") << "/cat/"
-                                           << "X.xml"
-                                           << "/cat/X.xml";
-    QTest::newRow("folder without separator") << "/cat"
-                                              << "X.xml"
-                                              << "/catX.xml";
-    QTest::newRow("nothing is normalised") << "/cat//./"
-                                           << "/../X "
-                                           << "/cat//.//../X ";
-    QTest::newRow("unknown identifier") << "/cat/"
-                                        << ""
-                                        << "";
-}
-
+// Folder, name and path. Nothing is added to them or normalised.
 void CatalogManagerTest::composesPaths()
 {
-    QFETCH(QString, folder);
-    QFETCH(QString, name);
-    const FileTable replaced;
-    FileTable files;
-    files.add(text("Id "), name);
-    CatalogConfigData::setCatalogFolderPath(folder);
-    QTEST(manager().findFileNameById(text("Id ")), "path");
-    CatalogConfigData::setCatalogFileNameProvider(nullptr);
-    QVERIFY(manager().findFileNameById(text("Id ")).isNull());
-    QCOMPARE(files.questions(text("Id ")), 1);
+    for (const char *row : {"/cat/|X.xml|/cat/X.xml", "/cat|X.xml|/catX.xml", "|X.xml|X.xml",
+                            "/cat//./|/../X |/cat//.//../X ", "/cat/||"}) {
+        const QStringList texts = text(row).split(QLatin1Char('|'));
+        const FileTable replaced;
+        FileTable files;
+        files.add(text("Id "), texts.at(1));
+        CatalogConfigData::setCatalogFolderPath(texts.at(0));
+        QCOMPARE(manager().findFileNameById(text("Id ")), texts.at(2));
+        CatalogConfigData::setCatalogFileNameProvider(nullptr);
+        QVERIFY(manager().findFileNameById(text("Id ")).isNull());
+        QCOMPARE(files.questions(text("Id ")), 1);
+    }
 }
 
 // Letter case counts, and a null identifier is the empty one.

@@ -3,7 +3,7 @@
 
 #include "catalogs/reading/CatalogXMLParser.h"
 
-#include "support/TestSupport.h"
+#include "reading/RecordListing.h"
 
 #include <QtTest>
 
@@ -13,7 +13,6 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-using namespace Orvida::Catalogs;
 using namespace Orvida::Tests;
 
 // How many more bytes read() gives before something happens to the medium; negative when nothing will.
@@ -65,29 +64,6 @@ QByteArray everything()
            + "<!-- x --><?x y?><PARAM><PARAM_PK>&e;&#65;<![CDATA[<]]></PARAM_PK></PARAM><other/></OVCAT>";
 }
 
-// A catalog file that was read, with all that came of it.
-struct Reading
-{
-    explicit Reading(const QByteArray &content)
-        : isRead(parser.readFile(folder.write(text("catalog.xml"), content), items)),
-          summary(summaryOf(parser.failure()))
-    {
-    }
-
-    int recordCount() const
-    {
-        return parser.m_profiles.size() + parser.m_profileExtensions.size() + parser.m_parameters.size()
-               + parser.m_parameterExtensions.size() + parser.m_columns.size() + parser.m_listClasses.size()
-               + parser.m_listItems.size() + items.size();
-    }
-
-    CatalogFolder folder;
-    CatalogXMLParser parser;
-    QHash<QString, QSharedPointer<CatalogItem>> items;
-    bool isRead;
-    QString summary;
-};
-
 } // namespace
 
 class CatalogXMLParserTest : public QObject
@@ -106,30 +82,30 @@ private Q_SLOTS:
 
 void CatalogXMLParserTest::refusesWhatIsNoFile()
 {
-    Reading reading(everything());
-    QCOMPARE(reading.summary, text("read"));
+    const CatalogFolder folder;
+    const QString path = folder.write(text("catalog.xml"), everything());
     const LogCapture log;
-    const QString path = reading.folder.path(text("catalog.xml"));
-    for (const QString &name :
-         {QString(), reading.folder.path(text("missing.xml")), reading.folder.path(QString()),
-          path + text("/catalog.xml"), path + QChar(QChar::Null)}) {
-        QVERIFY2(!reading.parser.readFile(name, reading.items), qPrintable(name));
-        QCOMPARE(summaryOf(reading.parser.failure()), text("not read"));
-        QVERIFY(!reading.parser.failure().detail.isEmpty());
-        QCOMPARE(reading.parser.readCatalogStyleFlag(name), Q_INT64_C(0));
+    CatalogXMLParser parser;
+    QHash<QString, ItemPtr> items;
+    for (const QString &name : {QString(), folder.path(text("missing.xml")), folder.path(QString()),
+                                path + text("/catalog.xml"), path + QChar(QChar::Null)}) {
+        QVERIFY2(!parser.readFile(name, items), qPrintable(name));
+        QCOMPARE(summaryOf(parser.failure()), text("not read"));
+        QVERIFY(!parser.failure().detail.isEmpty());
+        QCOMPARE(parser.readCatalogStyleFlag(name), Q_INT64_C(0));
     }
     // What is said of the last name is not left over from the one before it.
-    QCOMPARE(reading.parser.failure().detail, text("No such file or directory"));
+    QCOMPARE(parser.failure().detail, text("No such file or directory"));
     QCOMPARE(log.messages(), QStringList());
-    QVERIFY(reading.parser.readFile(path, reading.items));
-    QCOMPARE(summaryOf(reading.parser.failure()), text("read"));
+    QVERIFY(parser.readFile(path, items));
+    QCOMPARE(summaryOf(parser.failure()), text("read"));
 }
 
 // Neither without a key nor with an empty one. What comes before it is kept, what comes after it is not read.
 void CatalogXMLParserTest::refusesRecordWithoutKey()
 {
     for (const QByteArray record : recordsWithKeys) {
-        QVERIFY2(Reading(record).isRead, record.constData());
+        QVERIFY2(Reading(record).succeeded(), record.constData());
         for (int key = record.indexOf("05"); key >= 0; key = record.indexOf("05", key + 1)) {
             const int nameStart = record.lastIndexOf('<', key) + 1;
             const QByteArray name = record.mid(nameStart, key - 1 - nameStart);
@@ -137,8 +113,10 @@ void CatalogXMLParserTest::refusesRecordWithoutKey()
                  {QByteArray(record).replace(name, "Other"), QByteArray(record).remove(key, 2)}) {
                 const Reading reading("<OVCAT><PARAM><PARAM_PK>before</PARAM_PK></PARAM>" + broken
                                       + "<LIST><LIST_Class_FK>after</LIST_Class_FK></LIST></OVCAT>");
-                QCOMPARE(reading.parser.failure().missingFields, QStringList(QString::fromLatin1(name)));
-                QVERIFY2(!reading.isRead && reading.recordCount() == 1, broken.constData());
+                QCOMPARE(reading.failure().missingFields, QStringList(QString::fromLatin1(name)));
+                QVERIFY2(!reading.succeeded()
+                             && reading.lines() == text("parameter \"before\" pk=\"before\""),
+                         broken.constData());
             }
         }
     }
@@ -171,10 +149,11 @@ void CatalogXMLParserTest::tellsWhatFailedAndWhere()
 {
     QFETCH(QByteArray, content);
     const Reading reading(content);
-    QVERIFY(!reading.isRead);
-    QCOMPARE(reading.recordCount(), 0);
-    QTEST(reading.summary, "summary");
-    QCOMPARE(reading.parser.failure().detail.isEmpty(), reading.summary.startsWith(text("refused")));
+    QVERIFY(!reading.succeeded());
+    QCOMPARE(reading.lines(), QString());
+    QTEST(summaryOf(reading.failure()), "summary");
+    QCOMPARE(reading.failure().detail.isEmpty(),
+             reading.failure().reason == CatalogReadFailure::RecordRefused);
 }
 
 void CatalogXMLParserTest::refusesFileCutAtAnyByteButKeepsItsRecords()
@@ -182,44 +161,56 @@ void CatalogXMLParserTest::refusesFileCutAtAnyByteButKeepsItsRecords()
     const QByteArray content = everything();
     for (int size = 0; size < content.size(); ++size) {
         const Reading reading(content.left(size));
-        QVERIFY2(!reading.isRead, content.left(size).constData());
-        QCOMPARE(int(reading.parser.failure().reason), int(CatalogReadFailure::NotWellFormed));
+        QVERIFY2(!reading.succeeded(), content.left(size).constData());
+        QCOMPARE(int(reading.failure().reason), int(CatalogReadFailure::NotWellFormed));
     }
-    QCOMPARE(Reading(content.chopped(1)).recordCount(), Reading(content).recordCount());
+    QCOMPARE(Reading(content.chopped(1)).lines(), Reading(content).lines());
 }
 
 void CatalogXMLParserTest::readsOnOrFailsWhenTheMediumDoes_data()
 {
     QTest::addColumn<int>("error");
+    QTest::addColumn<bool>("isSecondPass");
     QTest::addColumn<int>("reason");
-    QTest::addColumn<qint64>("style");
-    QTest::newRow("medium breaks") << EIO << int(CatalogReadFailure::FileNotRead) << Q_INT64_C(0);
-    QTest::newRow("file is cut off meanwhile") << 0 << int(CatalogReadFailure::NotWellFormed) << Q_INT64_C(0);
-    QTest::newRow("signal interrupts") << EINTR << int(CatalogReadFailure::None) << Q_INT64_C(7);
+    const auto row = [](const char *name, int error, bool isSecondPass, CatalogReadFailure::Reason reason) {
+        QTest::newRow(name) << error << isSecondPass << int(reason);
+    };
+    row("medium breaks", EIO, false, CatalogReadFailure::FileNotRead);
+    row("medium breaks in the second pass", EIO, true, CatalogReadFailure::FileNotRead);
+    row("file is cut off meanwhile", 0, false, CatalogReadFailure::NotWellFormed);
+    row("file is cut off between the passes", 0, true, CatalogReadFailure::FileNotRead);
+    row("signal interrupts", EINTR, false, CatalogReadFailure::None);
+    row("signal interrupts the second pass", EINTR, true, CatalogReadFailure::None);
 }
 
-// In the middle of text between records, of a record, and of what is skipped.
+// In the middle of text between records, of a record, and of what is skipped. The style is read in one pass.
 void CatalogXMLParserTest::readsOnOrFailsWhenTheMediumDoes()
 {
     QFETCH(int, error);
+    QFETCH(bool, isSecondPass);
     const QByteArray longText(60000, '0');
     for (const QByteArray &failing :
          {longText, "<CLASS><CLASS_PK>" + longText + "</CLASS_PK></CLASS>", "<X>" + longText + "</X>",
           "<CATALOG>" + longText + "<CAT_Style>7</CAT_Style></CATALOG>"}) {
         const QByteArray content = catalogXml(failing + "<CATALOG><CAT_Style>7</CAT_Style></CATALOG>");
-        Reading reading(content);
-        const QString path = reading.folder.path(text("catalog.xml"));
-        mishap = error;
-        readableBytes = 20000;
-        QTEST(reading.parser.readCatalogStyleFlag(path), "style");
-        reading.folder.write(text("catalog.xml"), content);
-        readableBytes = 20000;
-        reading.isRead = reading.parser.readFile(path, reading.items);
+        const CatalogFolder folder;
+        CatalogXMLParser parser;
+        QHash<QString, ItemPtr> items;
+        const auto writeAndBreak = [&] {
+            const QString path = folder.write(text("catalog.xml"), content);
+            mishap = error;
+            readableBytes = (isSecondPass ? content.size() : 0) + 20000;
+            return path;
+        };
+        const qint64 style = parser.readCatalogStyleFlag(writeAndBreak());
+        QCOMPARE(style, isSecondPass || error == EINTR ? Q_INT64_C(7) : Q_INT64_C(0));
+        const bool isRead = parser.readFile(writeAndBreak(), items);
         readableBytes = -1;
-        QTEST(int(reading.parser.failure().reason), "reason");
-        QCOMPARE(reading.isRead, reading.parser.failure().reason == CatalogReadFailure::None);
-        reading.folder.write(text("catalog.xml"), content);
-        QVERIFY(reading.parser.readFile(path, reading.items)); // the medium was all that was wrong
+        QTEST(int(parser.failure().reason), "reason");
+        QCOMPARE(isRead, parser.failure().reason == CatalogReadFailure::None);
+        QCOMPARE(parser.failure().detail.isEmpty(), isRead);
+        QVERIFY(parser.readFile(folder.write(text("catalog.xml"), content),
+                                items)); // the medium was all that was wrong
     }
 }
 

@@ -7,12 +7,10 @@
 
 #include <QFile>
 #include <QLoggingCategory>
-#include <QMap>
 #include <QMutexLocker>
 #include <QRegularExpression>
 
 #include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -64,37 +62,6 @@ QByteArray field(const char *name, const QString &text)
 QByteArray scrambled(const char *name, const QString &text)
 {
     return field(name, Catalogs::ScrambledText::encode(text));
-}
-
-QByteArray recordsFrom(const QByteArray &lines)
-{
-    static const QRegularExpression pattern(QStringLiteral("^ *([A-Z]+) ((?:.*;\n)*.*)$"),
-                                            QRegularExpression::MultilineOption);
-    static const QMap<QString, QString> prefixes = {{QStringLiteral("BASECODE"), QStringLiteral("BC")},
-                                                    {QStringLiteral("CHAREXT"), QStringLiteral("CE")},
-                                                    {QStringLiteral("CATPRO"), QStringLiteral("PRO")},
-                                                    {QStringLiteral("PARAMX"), QStringLiteral("PX")}};
-    static const QByteArrayList scrambledFields = {
-        "COL_Column_ID", "COL_Caption", "LC_Class_ID",   "LIST_Caption", "CLASS_Item",
-        "BC_Item",       "BC_Code",     "PARAM_Caption", "PARAM_Prefix", "PARAM_Suffix"};
-    QByteArray records;
-    for (auto matches = pattern.globalMatch(QString::fromUtf8(lines)); matches.hasNext();) {
-        const QRegularExpressionMatch match = matches.next();
-        const QString kind = match.captured(1);
-        QMap<QByteArray, QString> values;
-        for (const QString &nameAndValue : match.captured(2).split(QLatin1Char(';'))) {
-            const QString name = nameAndValue.section(QLatin1Char('='), 0, 0).trimmed();
-            values.insert((prefixes.value(kind, kind) + QLatin1Char('_') + name).toUtf8(),
-                          nameAndValue.section(QLatin1Char('='), 1));
-        }
-        records += '<' + kind.toUtf8() + ">\n";
-        for (auto value = values.cbegin(); value != values.cend(); ++value) {
-            const auto write = scrambledFields.contains(value.key()) ? scrambled : field;
-            records += value->isEmpty() ? QByteArray() : write(value.key().constData(), *value);
-        }
-        records += "</" + kind.toUtf8() + ">\n";
-    }
-    return records;
 }
 
 QByteArray scrambledForm(const QByteArray &clear)
@@ -174,44 +141,6 @@ StandardOutputTo::~StandardOutputTo()
 {
     dup2(m_savedOutput, STDOUT_FILENO);
     close(m_savedOutput);
-}
-
-StandardOutputCapture::StandardOutputCapture()
-{
-    std::fflush(stdout);
-    char name[] = "/tmp/orvida-output-XXXXXX";
-    m_captureFile = mkstemp(name);
-    m_savedOutput = dup(STDOUT_FILENO);
-    if (m_captureFile < 0 || m_savedOutput < 0 || dup2(m_captureFile, STDOUT_FILENO) < 0)
-        qFatal("cannot capture standard output");
-    unlink(name);
-}
-
-StandardOutputCapture::~StandardOutputCapture()
-{
-    restore();
-}
-
-QByteArray StandardOutputCapture::take()
-{
-    // Not flushed first: what the library has not flushed by itself does not count as written.
-    QFile file;
-    if (lseek(m_captureFile, 0, SEEK_SET) != 0 || !file.open(m_captureFile, QIODevice::ReadOnly))
-        qFatal("cannot read the captured output");
-    const QByteArray written = file.readAll();
-    restore();
-    return written;
-}
-
-void StandardOutputCapture::restore()
-{
-    if (m_savedOutput < 0)
-        return;
-    std::fflush(stdout);
-    dup2(m_savedOutput, STDOUT_FILENO);
-    close(m_savedOutput);
-    close(m_captureFile);
-    m_savedOutput = -1;
 }
 
 FileTable::FileTable()

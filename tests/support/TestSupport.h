@@ -40,11 +40,6 @@ QByteArray catalogXml(const QByteArray &records);
 QByteArray field(const char *name, const QString &text);
 QByteArray scrambled(const char *name, const QString &text);
 
-/// Records from lines such as "LC PK=1;Class_ID=L": a kind and its fields, named without the prefix of their
-/// kind, the scrambled ones in clear. A line that ends with ';' goes on in the next one. Of two values of one
-/// name the later counts; a field with an empty value is left out.
-QByteArray recordsFrom(const QByteArray &lines);
-
 /// The catalog `clear` with the texts of its scrambled fields scrambled. Elements with the attribute raw keep
 /// their text; escapes are not looked at.
 QByteArray scrambledForm(const QByteArray &clear);
@@ -80,24 +75,6 @@ public:
 
 private:
     const int m_savedOutput;
-};
-
-/// Collects what is written to standard output while it lives, whatever writes it.
-class StandardOutputCapture
-{
-public:
-    StandardOutputCapture();
-    ~StandardOutputCapture();
-    Q_DISABLE_COPY(StandardOutputCapture)
-
-    /// Ends the capture and gives what was written since it began.
-    QByteArray take();
-
-private:
-    void restore();
-
-    int m_captureFile = -1;
-    int m_savedOutput = -1;
 };
 
 /// A provider that knows the files it was told, counts its questions, and is the library's provider, with
