@@ -90,6 +90,9 @@ void ShowCommand::addOptions(CLI::App &command)
     const auto code = addTextOption(command, "--code", m_code, "Print this code as a form instead");
     addTextOption(command, "--profile", m_profile,
                   "Look at the profile with this key, not at the one that the catalog chooses");
+    command
+        .add_flag("--why", m_showsSources, "Print beside each property where it comes from, with its line")
+        ->needs(code);
     command.add_flag("--fields", m_showsFields, "Print the input fields under each code")->excludes(code);
     command.add_flag("--log", m_file.showsLog,
                      "Print all that the library says of the load on standard error");
@@ -139,7 +142,8 @@ int ShowCommand::printCode(CommandOutput &output, CatalogFile &file) const
         return reportUnknown(QStringLiteral("code"), *m_code, codesOf(items));
     const OutputStyle style(m_color);
     const FieldOrigins origins(file.records());
-    CodeForm form(output.stream(), style, origins);
+    const FieldSources sources(file, origins);
+    CodeForm form(output.stream(), style, origins, m_showsSources ? &sources : nullptr);
     for (const auto &item : found) {
         if (item != found.first())
             output.stream() << '\n';
