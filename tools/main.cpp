@@ -4,6 +4,7 @@
 #include "tools/commands/ExplainCommand.h"
 #include "tools/commands/FormCommand.h"
 #include "tools/commands/JsonCommand.h"
+#include "tools/commands/NewCommand.h"
 #include "tools/commands/ShowCommand.h"
 
 #include <QTextCodec>
@@ -42,6 +43,7 @@ std::vector<std::unique_ptr<Command>> makeCommands()
     commands.push_back(std::make_unique<FormCommand>(TextForm::Scrambled));
     commands.push_back(std::make_unique<FormCommand>(TextForm::Readable));
     commands.push_back(std::make_unique<ExplainCommand>());
+    commands.push_back(std::make_unique<NewCommand>());
     return commands;
 }
 
