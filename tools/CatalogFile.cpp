@@ -90,7 +90,7 @@ const RecordPositions &CatalogFile::positions()
 
 QString CatalogFile::otherFormText() const
 {
-    if (formOfFile(m_input.path()).value_or(m_form) == m_form)
+    if (m_input.form().value_or(m_form) == m_form)
         return QString();
     if (m_form == TextForm::Readable)
         return QStringLiteral("the file is scrambled already; leave --readable out");

@@ -15,6 +15,7 @@ using Catalogs::CatalogInputField;
 using Catalogs::CatalogItem;
 
 constexpr int labelWidth = 16;
+const QString fieldMargin = QStringLiteral("    ");
 
 QString codeAndCaption(const CatalogItem &item)
 {
@@ -77,6 +78,11 @@ void CodeForm::print(Catalog &catalog, CatalogItem &item)
         m_out << "\n  no fields in this profile\n";
     for (const CatalogInputField &field : fields)
         printField(item, field);
+    const QStringList fieldless = m_sources ? m_sources->fieldlessExtensionsOf(item) : QStringList();
+    if (!fieldless.isEmpty())
+        m_out << '\n';
+    for (const QString &line : fieldless)
+        m_out << "  " << OutputStyle::singleLine(line) << '\n';
 }
 
 void CodeForm::printHead(Catalog &catalog, const CatalogItem &item)
@@ -86,6 +92,7 @@ void CodeForm::printHead(Catalog &catalog, const CatalogItem &item)
     const QString none;
     printProperty(none, QStringLiteral("path"), pathOf(catalog.getCatalogItems(), item));
     printProperty(none, QStringLiteral("id"), item.id());
+    printProperty(none, QStringLiteral("record"), m_sources ? m_sources->recordOf(item) : none);
     printProperty(none, QStringLiteral("profile"), catalog.profile());
     printProperty(none, QStringLiteral("observation"), item.observationText());
     printProperty(none, QStringLiteral("remarks"), item.remarks());
@@ -100,18 +107,31 @@ void CodeForm::printHead(Catalog &catalog, const CatalogItem &item)
 
 void CodeForm::printField(const CatalogItem &item, const CatalogInputField &field)
 {
-    m_out << "\n  " << m_style.title(OutputStyle::singleLine(field.caption())) << '\n';
+    const QString title = field.caption().isEmpty() ? QStringLiteral("(no caption)") : field.caption();
+    m_out << "\n  " << m_style.title(OutputStyle::singleLine(title)) << '\n';
     const QString listName = m_origins.listNameOf(item, field);
-    const auto &properties = fieldProperties();
-    for (auto property = properties.begin() + 1; property != properties.end();) {
-        QStringList words;
-        const QLatin1String label = property->label;
-        for (; property != properties.end() && property->label == label; ++property)
-            words << property->toWords(field, listName);
-        words.removeAll(QString());
-        printProperty(QStringLiteral("    "), label, words.join(QStringLiteral(", ")));
+    if (m_sources) {
+        printSources(item, field, listName);
+    } else {
+        for (const FieldWords &line : wordsOf(field, listName).mid(1))
+            printProperty(fieldMargin, line.label, line.words);
     }
     printEntries(field.itemList());
+}
+
+void CodeForm::printSources(const CatalogItem &item, const CatalogInputField &field, const QString &listName)
+{
+    const FieldSources::Records records = m_sources->recordsOf(item, field);
+    const bool isAmbiguous = records.extensions.size() > 1;
+    printProperty(fieldMargin, QStringLiteral("built from"),
+                  records.extensions.join(QStringLiteral(" or "))
+                      + (isAmbiguous ? QStringLiteral("; both fill this column") : QString()));
+    for (const FieldWords &line : wordsOf(field, listName))
+        printProperty(fieldMargin, line.label, line.words,
+                      isAmbiguous ? QString() : m_sources->sourceOf(line, field, records));
+    const QString missingList = m_sources->missingListOf(field, records);
+    if (!missingList.isEmpty())
+        printProperty(fieldMargin, QStringLiteral("values"), QStringLiteral("any"), missingList);
 }
 
 void CodeForm::printEntries(const QList<Shared::ListItem> &entries)
@@ -129,11 +149,15 @@ void CodeForm::printEntries(const QList<Shared::ListItem> &entries)
     }
 }
 
-void CodeForm::printProperty(const QString &indentation, const QString &label, const QString &text)
+void CodeForm::printProperty(const QString &indentation, const QString &label, const QString &text,
+                             const QString &source)
 {
-    if (!text.isEmpty())
-        m_out << indentation << m_style.line(label.leftJustified(labelWidth)) << OutputStyle::singleLine(text)
-              << '\n';
+    if (text.isEmpty())
+        return;
+    m_out << indentation << m_style.line(label.leftJustified(labelWidth)) << OutputStyle::singleLine(text);
+    if (!source.isEmpty())
+        m_out << m_style.line(QStringLiteral("  \u2190 ") + OutputStyle::singleLine(source));
+    m_out << '\n';
 }
 
 } // namespace Orvida::Tools

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "catalogs/model/Catalog.h"
-#include "tools/FieldOrigins.h"
+#include "tools/FieldSources.h"
 #include "tools/OutputStyle.h"
 
 #include <QTextStream>
@@ -14,9 +14,10 @@ namespace Orvida::Tools {
 class CodeForm
 {
 public:
-    /// Everything that is given must outlive the form.
-    CodeForm(QTextStream &out, const OutputStyle &style, const FieldOrigins &origins)
-        : m_out(out), m_style(style), m_origins(origins)
+    /// Everything that is given must outlive the form. With `sources` the form tells where all comes from.
+    CodeForm(QTextStream &out, const OutputStyle &style, const FieldOrigins &origins,
+             const FieldSources *sources)
+        : m_out(out), m_style(style), m_origins(origins), m_sources(sources)
     {
     }
 
@@ -25,12 +26,16 @@ public:
 private:
     void printHead(Catalogs::Catalog &catalog, const Catalogs::CatalogItem &item);
     void printField(const Catalogs::CatalogItem &item, const Catalogs::CatalogInputField &field);
+    void printSources(const Catalogs::CatalogItem &item, const Catalogs::CatalogInputField &field,
+                      const QString &listName);
     void printEntries(const QList<Shared::ListItem> &entries);
-    void printProperty(const QString &indentation, const QString &label, const QString &text);
+    void printProperty(const QString &indentation, const QString &label, const QString &text,
+                       const QString &source = {});
 
     QTextStream &m_out;
     const OutputStyle &m_style;
     const FieldOrigins &m_origins;
+    const FieldSources *m_sources;
 };
 
 } // namespace Orvida::Tools

@@ -13,7 +13,7 @@ FieldOrigins::FieldOrigins(const Catalogs::CatalogXMLParser &records) : m_record
 {
     const auto &extensions = records.m_parameterExtensions;
     for (auto extension = extensions.cbegin(); extension != extensions.cend(); ++extension)
-        m_extensions[{itemKeyOf(*extension), extension->columnId}].append(extension.key());
+        m_extensions[itemKeyOf(*extension)].append(extension.key());
     for (QStringList &keys : m_extensions)
         keys.sort();
 }
@@ -21,7 +21,12 @@ FieldOrigins::FieldOrigins(const Catalogs::CatalogXMLParser &records) : m_record
 QStringList FieldOrigins::extensionsOf(const Catalogs::CatalogItem &item,
                                        const Catalogs::CatalogInputField &field) const
 {
-    return m_extensions.value({item.id(), field.boundColumn()});
+    QStringList keys;
+    for (const QString &key : extensionsOf(item)) {
+        if (m_records.m_parameterExtensions.value(key).columnId == field.boundColumn())
+            keys << key;
+    }
+    return keys;
 }
 
 QString FieldOrigins::listNameOf(const Catalogs::CatalogItem &item,

@@ -5,7 +5,6 @@
 #include "catalogs/reading/CatalogXMLParser.h"
 
 #include <QHash>
-#include <QPair>
 #include <QString>
 #include <QStringList>
 
@@ -22,8 +21,14 @@ public:
     /// `records` must outlive the object.
     explicit FieldOrigins(const Catalogs::CatalogXMLParser &records);
 
-    /// Keys of the extensions that name the item and the column of `field`, sorted. Of more than one it
-    /// cannot be told which of them the field was built from.
+    /// Keys of the extensions that name `item`, sorted.
+    QStringList extensionsOf(const Catalogs::CatalogItem &item) const
+    {
+        return m_extensions.value(item.id());
+    }
+
+    /// Those of them that name the column of `field` as well. Of more than one it cannot be told which of
+    /// them the field was built from.
     QStringList extensionsOf(const Catalogs::CatalogItem &item,
                              const Catalogs::CatalogInputField &field) const;
 
@@ -32,8 +37,8 @@ public:
 
 private:
     const Catalogs::CatalogXMLParser &m_records;
-    // Keys of extensions by item and column.
-    QHash<QPair<QString, QString>, QStringList> m_extensions;
+    // Keys of extensions by item.
+    QHash<QString, QStringList> m_extensions;
 };
 
 } // namespace Orvida::Tools

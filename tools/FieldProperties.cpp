@@ -94,21 +94,18 @@ QString hidden(const CatalogInputField &field, const QString &)
     return field.isVisible() ? QString() : QStringLiteral("hidden");
 }
 
-// Both limits; the upper one has nothing to add.
-QString range(const CatalogInputField &field, const QString &)
+QString lowerLimit(const CatalogInputField &field, const QString &)
 {
-    if (field.minimumValue().isEmpty() && field.maximumValue().isEmpty())
-        return QString();
-    if (field.maximumValue().isEmpty())
-        return QStringLiteral("from ") + field.minimumValue();
-    if (field.minimumValue().isEmpty())
-        return QStringLiteral("up to ") + field.maximumValue();
-    return QStringLiteral("%1 to %2").arg(field.minimumValue(), field.maximumValue());
+    const QString limit = field.minimumValue();
+    return limit.isEmpty() || !field.maximumValue().isEmpty() ? limit : QStringLiteral("from ") + limit;
 }
 
-QString nothing(const CatalogInputField &, const QString &)
+QString upperLimit(const CatalogInputField &field, const QString &)
 {
-    return QString();
+    const QString limit = field.maximumValue();
+    if (limit.isEmpty())
+        return QString();
+    return (field.minimumValue().isEmpty() ? QStringLiteral("up to ") : QStringLiteral("to ")) + limit;
 }
 
 QString sortOrder(const CatalogInputField &field, const QString &)
@@ -128,44 +125,33 @@ QString list(const CatalogInputField &field, const QString &listName)
 using Field = CatalogInputField;
 using L = QLatin1String;
 
-const std::array<FieldProperty, 21> properties = {{
-    {L("caption"), L("caption"), nullptr, L("PARAM_Caption"), json<&Field::caption>, text<&Field::caption>},
-    {L("dataType"), L("type"), "", L("PARAM_DataType"), json<&Field::dataType>, typeName},
-    {L("unit"), L("unit"), "in ", L("PARAM_Unit"), json<&Field::unit>, text<&Field::unit>},
-    {L("isMandatory"), L("flags"), "", L("PX_Mandatory"), json<&Field::isMandatory>, mandatory},
-    {L("isReadonly"), L("flags"), "", L("COL_ReadOnly"), json<&Field::isReadonly>, readOnly},
-    {L("isVisible"), L("flags"), "", L("COL_Visible"), json<&Field::isVisible>, hidden},
-    {L("minimumValue"), L("range"), "range ", L("PX_RangeFrom"), json<&Field::minimumValue>, range},
-    {L("maximumValue"), L("range"), nullptr, L("PX_RangeTo"), json<&Field::maximumValue>, nothing},
-    {L("step"), L("step"), nullptr, L("PX_Steps"), json<&Field::step>, text<&Field::step>},
-    {L("precission"), L("decimals"), nullptr, L("PX_Precision"), json<&Field::precission>,
-     numberUnlessZero<&Field::precission>},
-    {L("maximumTextLength"), L("longest text"), nullptr, L("PX_Length"), json<&Field::maximumTextLength>,
-     numberUnlessZero<&Field::maximumTextLength>},
-    {L("defaultValue"), L("default"), "default ", L("PX_Default"), json<&Field::defaultValue>,
-     text<&Field::defaultValue>},
-    {L("inputFormat"), L("input format"), nullptr, L("PX_InputFmt"), json<&Field::inputFormat>,
-     text<&Field::inputFormat>},
-    {L("displayFormat"), L("display format"), nullptr, L("PX_DisplayFmt"), json<&Field::displayFormat>,
-     text<&Field::displayFormat>},
-    {L("observationTextParamName"), L("placeholder"), nullptr, L("PARAM_Placeholder"),
-     json<&Field::observationTextParamName>, text<&Field::observationTextParamName>},
-    {L("prefix"), L("prefix"), nullptr, L("PARAM_Prefix"), json<&Field::prefix>, text<&Field::prefix>},
-    {L("suffix"), L("suffix"), nullptr, L("PARAM_Suffix"), json<&Field::suffix>, text<&Field::suffix>},
-    {L("boundColumn"), L("column"), nullptr, L("PX_Column_ID"), json<&Field::boundColumn>,
-     text<&Field::boundColumn>},
-    {L("typeFlags"), L("type flags"), nullptr, L("PARAM_TypeFlags"), json<&Field::typeFlags>,
-     numberUnlessZero<&Field::typeFlags>},
-    {L("sortOrder"), L("sort order"), nullptr, L("PARAM_SortOrder"), json<&Field::sortOrder>, sortOrder},
-    {L("itemList"), L("values"), "", L("PX_ListClass_ID"), json<&Field::itemList>, list},
-}};
+// clang-format off
+const FieldProperty properties[] = {
+    {L("caption"), L("caption"), nullptr, ", ", L("PARAM_Caption"), json<&Field::caption>, text<&Field::caption>},
+    {L("dataType"), L("type"), "", ", ", L("PARAM_DataType"), json<&Field::dataType>, typeName},
+    {L("unit"), L("unit"), "in ", ", ", L("PARAM_Unit"), json<&Field::unit>, text<&Field::unit>},
+    {L("isMandatory"), L("flags"), "", ", ", L("PX_Mandatory"), json<&Field::isMandatory>, mandatory},
+    {L("isReadonly"), L("flags"), "", ", ", L("COL_ReadOnly"), json<&Field::isReadonly>, readOnly},
+    {L("isVisible"), L("flags"), "", ", ", L("COL_Visible"), json<&Field::isVisible>, hidden},
+    {L("minimumValue"), L("range"), "range ", " ", L("PX_RangeFrom"), json<&Field::minimumValue>, lowerLimit},
+    {L("maximumValue"), L("range"), "range ", " ", L("PX_RangeTo"), json<&Field::maximumValue>, upperLimit},
+    {L("step"), L("step"), nullptr, ", ", L("PX_Steps"), json<&Field::step>, text<&Field::step>},
+    {L("precission"), L("decimals"), nullptr, ", ", L("PX_Precision"), json<&Field::precission>, numberUnlessZero<&Field::precission>},
+    {L("maximumTextLength"), L("longest text"), nullptr, ", ", L("PX_Length"), json<&Field::maximumTextLength>, numberUnlessZero<&Field::maximumTextLength>},
+    {L("defaultValue"), L("default"), "default ", ", ", L("PX_Default"), json<&Field::defaultValue>, text<&Field::defaultValue>},
+    {L("inputFormat"), L("input format"), nullptr, ", ", L("PX_InputFmt"), json<&Field::inputFormat>, text<&Field::inputFormat>},
+    {L("displayFormat"), L("display format"), nullptr, ", ", L("PX_DisplayFmt"), json<&Field::displayFormat>, text<&Field::displayFormat>},
+    {L("observationTextParamName"), L("placeholder"), nullptr, ", ", L("PARAM_Placeholder"), json<&Field::observationTextParamName>, text<&Field::observationTextParamName>},
+    {L("prefix"), L("prefix"), nullptr, ", ", L("PARAM_Prefix"), json<&Field::prefix>, text<&Field::prefix>},
+    {L("suffix"), L("suffix"), nullptr, ", ", L("PARAM_Suffix"), json<&Field::suffix>, text<&Field::suffix>},
+    {L("boundColumn"), L("column"), nullptr, ", ", L("PX_Column_ID"), json<&Field::boundColumn>, text<&Field::boundColumn>},
+    {L("typeFlags"), L("type flags"), nullptr, ", ", L("PARAM_TypeFlags"), json<&Field::typeFlags>, numberUnlessZero<&Field::typeFlags>},
+    {L("sortOrder"), L("sort order"), nullptr, ", ", L("PARAM_SortOrder"), json<&Field::sortOrder>, sortOrder},
+    {L("itemList"), L("values"), "", ", ", L("PX_ListClass_ID"), json<&Field::itemList>, list},
+};
+// clang-format on
 
 } // namespace
-
-const std::array<FieldProperty, 21> &fieldProperties()
-{
-    return properties;
-}
 
 QJsonObject fieldToJson(const CatalogInputField &field)
 {
@@ -175,13 +161,29 @@ QJsonObject fieldToJson(const CatalogInputField &field)
     return object;
 }
 
+QVector<FieldWords> wordsOf(const CatalogInputField &field, const QString &listName)
+{
+    QVector<FieldWords> lines;
+    for (const FieldProperty &property : properties) {
+        const QString words = property.toWords(field, listName);
+        if (words.isEmpty())
+            continue;
+        if (lines.isEmpty() || lines.last().label != property.label)
+            lines.append({property.label, property.lead, words, {&property}});
+        else {
+            lines.last().words += QLatin1String(property.joint) + words;
+            lines.last().properties.append(&property);
+        }
+    }
+    return lines;
+}
+
 QString fieldLine(const CatalogInputField &field, const QString &listName)
 {
     QStringList facts;
-    for (const FieldProperty &property : properties) {
-        const QString words = property.lead ? property.toWords(field, listName) : QString();
-        if (!words.isEmpty())
-            facts << QLatin1String(property.lead) + words;
+    for (const FieldWords &line : wordsOf(field, listName)) {
+        if (line.lead)
+            facts << QLatin1String(line.lead) + line.words;
     }
     return QStringLiteral("\u00B7 %1: %2").arg(field.caption(), facts.join(QStringLiteral(", ")));
 }

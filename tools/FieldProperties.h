@@ -7,8 +7,7 @@
 #include <QJsonValue>
 #include <QLatin1String>
 #include <QString>
-
-#include <array>
+#include <QVector>
 
 namespace Orvida::Tools {
 
@@ -19,8 +18,10 @@ struct FieldProperty
     QLatin1String name;
     /// Its label in the form of a code. Properties that follow each other with one label share a line.
     QLatin1String label;
-    /// What stands before it in the line of a field; null when it is not in there.
+    /// What stands before the first of its label in the line of a field; null when it is not in there.
     const char *lead;
+    /// What stands between it and an earlier one of its label.
+    const char *joint;
     /// The element of the file that it comes from.
     QLatin1String element;
     QJsonValue (*toJson)(const Catalogs::CatalogInputField &field);
@@ -29,9 +30,17 @@ struct FieldProperty
     QString (*toWords)(const Catalogs::CatalogInputField &field, const QString &listName);
 };
 
-/// All properties of an input field, in the order in which the form of a code shows them. The caption comes
-/// first; it is the title of its field there.
-const std::array<FieldProperty, 21> &fieldProperties();
+/// What properties of one label say of a field.
+struct FieldWords
+{
+    QLatin1String label;
+    const char *lead;
+    QString words;
+    QVector<const FieldProperty *> properties; ///< Those that say something.
+};
+
+/// The field in words, in the order in which the form of a code shows it; the caption comes first.
+QVector<FieldWords> wordsOf(const Catalogs::CatalogInputField &field, const QString &listName);
 
 /// The field with all its properties and list entries.
 QJsonObject fieldToJson(const Catalogs::CatalogInputField &field);

@@ -1,34 +1,51 @@
 #include "tools/InputFile.h"
 
 #include <QFileInfo>
-#include <QXmlStreamReader>
 
 #include <cstdio>
-
-#include <sys/stat.h>
 
 namespace Orvida::Tools {
 
 namespace {
 
-constexpr int blockSize = 1 << 20;
-
-// Whether no well-formed XML can begin like this, whatever follows. An error near its end may come from
-// where it was cut.
-bool isMalformed(const QByteArray &beginning)
+// Hands on what it reads from a file, and keeps a copy of it.
+class CopyingDevice : public QIODevice
 {
-    QXmlStreamReader reader(beginning);
-    while (!reader.atEnd())
-        reader.readNext();
-    return reader.hasError() && reader.error() != QXmlStreamReader::PrematureEndOfDocumentError
-           && reader.characterOffset() < beginning.size() / 8;
-}
+public:
+    CopyingDevice(QFile &file, MemoryFile &copy) : m_file(file), m_copy(copy)
+    {
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
 
-bool isRegular(const QFile &file)
-{
-    struct stat status;
-    return fstat(file.handle(), &status) == 0 && S_ISREG(status.st_mode);
-}
+    bool isSequential() const override { return true; }
+
+    /// Why reading broke off before the end of the file; else empty.
+    QString failureText() const { return m_failureText; }
+
+protected:
+    qint64 readData(char *data, qint64 maximumSize) override
+    {
+        // In full: XML readers take a first piece of less than four bytes for the whole file.
+        qint64 size = 0;
+        qint64 piece = 1;
+        while (piece > 0 && size < maximumSize) {
+            piece = m_file.read(data + size, maximumSize - size);
+            size += qMax<qint64>(piece, 0);
+        }
+        if (m_file.error() != QFileDevice::NoError)
+            m_failureText = m_file.errorString();
+        else if (!m_copy.append(QByteArray::fromRawData(data, static_cast<int>(size))))
+            m_failureText = m_copy.errorText();
+        return m_failureText.isEmpty() ? size : -1;
+    }
+
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+private:
+    QFile &m_file;
+    MemoryFile &m_copy;
+    QString m_failureText;
+};
 
 } // namespace
 
@@ -37,7 +54,11 @@ InputFile::InputFile(const QString &fileName) : m_fileName(fileName) {}
 bool InputFile::read()
 {
     QFile file;
-    return open(file) && copy(file);
+    if (!open(file))
+        return false;
+    CopyingDevice device(file, m_copy);
+    m_form = formOf(device);
+    return device.failureText().isEmpty() || fail(device.failureText());
 }
 
 QString InputFile::name() const
@@ -64,23 +85,6 @@ bool InputFile::open(QFile &file)
     if (isStandardInput() ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly))
         return true;
     return fail(file.errorString());
-}
-
-bool InputFile::copy(QFile &file)
-{
-    bool isFirst = true;
-    for (;;) {
-        const QByteArray block = file.read(blockSize);
-        if (file.error() != QFileDevice::NoError)
-            return fail(file.errorString());
-        if (!m_copy.append(block))
-            return fail(m_copy.errorText());
-        if (block.isEmpty())
-            return true;
-        if (isFirst && (block.size() == blockSize || !isRegular(file)) && isMalformed(block))
-            return true;
-        isFirst = false;
-    }
 }
 
 bool InputFile::fail(const QString &errorText)

@@ -3,10 +3,13 @@
 
 #include "tools/FileFailure.h"
 #include "tools/MemoryFile.h"
+#include "tools/TextForm.h"
 
 #include <QByteArray>
 #include <QFile>
 #include <QString>
+
+#include <optional>
 
 namespace Orvida::Tools {
 
@@ -18,10 +21,13 @@ public:
     /// For the file `fileName`; "-" stands for standard input.
     explicit InputFile(const QString &fileName);
 
-    /// Reads the file; false when that fails, `failure` says why. Of a file that cannot be XML only the
-    /// beginning is kept: a device may have no end.
+    /// Reads the file; false when that fails, `failure` says why. Of a file that is no XML only what tells so
+    /// is read and kept: a device may have no end.
     [[nodiscard]] bool read();
     const FileFailure &failure() const { return m_failure; }
+
+    /// The form that the file seems to have.
+    std::optional<TextForm> form() const { return m_form; }
 
     /// The file as messages name it: as the user did, or "<standard input>".
     QString name() const;
@@ -35,11 +41,11 @@ public:
 private:
     bool isStandardInput() const;
     bool open(QFile &file);
-    bool copy(QFile &file);
     bool fail(const QString &errorText);
 
     QString m_fileName;
     FileFailure m_failure;
+    std::optional<TextForm> m_form;
     MemoryFile m_copy;
 };
 

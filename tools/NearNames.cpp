@@ -1,5 +1,8 @@
 #include "tools/NearNames.h"
 
+#include "tools/ExitStatus.h"
+#include "tools/Messages.h"
+
 #include <QPair>
 #include <QVector>
 
@@ -54,6 +57,16 @@ QStringList nearNames(const QString &name, const QStringList &names)
     for (const auto &candidate : found.mid(0, mostNames))
         nearest.append(candidate.second);
     return nearest;
+}
+
+int reportUnknown(const QString &what, const QString &name, const QStringList &names)
+{
+    const QStringList near = nearNames(name, names);
+    QString text = QStringLiteral("no ") + what.arg(quoted(name));
+    if (!near.isEmpty())
+        text += QStringLiteral("; did you mean %1?").arg(near.join(QStringLiteral(", ")));
+    printMessage(text);
+    return AnswerIsNo;
 }
 
 } // namespace Orvida::Tools

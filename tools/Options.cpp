@@ -21,14 +21,18 @@ CLI::Option *addTextOption(CLI::App &command, const char *name, std::optional<QS
         ->option_text("TEXT");
 }
 
-void addInputFile(CLI::App &command, QString &fileName)
+void addText(CLI::App &command, const char *name, QString &text, const char *help)
 {
     command
         .add_option_function<std::string>(
-            "FILE", [&fileName](const std::string &value) { fileName = QString::fromStdString(value); },
-            "Catalog file; - is standard input")
+            name, [&text](const std::string &value) { text = QString::fromStdString(value); }, help)
         ->option_text(" ")
         ->required();
+}
+
+void addInputFile(CLI::App &command, QString &fileName)
+{
+    addText(command, "FILE", fileName, "Catalog file; - is standard input");
 }
 
 void addFile(CLI::App &command, CatalogFile::Options &options)

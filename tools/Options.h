@@ -18,6 +18,9 @@ namespace Orvida::Tools {
 CLI::Option *addTextOption(CLI::App &command, const char *name, std::optional<QString> &text,
                            const char *help);
 
+/// What a command must be given, and the help on it.
+void addText(CLI::App &command, const char *name, QString &text, const char *help);
+
 /// The file that a command reads.
 void addInputFile(CLI::App &command, QString &fileName);
 

@@ -3,7 +3,6 @@
 #include "catalogs/reading/ScrambledText.h"
 #include "tools/OutputStyle.h"
 
-#include <QFile>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -128,12 +127,9 @@ const char *const obstacleTexts[] = {
 
 } // namespace
 
-std::optional<TextForm> formOfFile(const QString &path)
+std::optional<TextForm> formOf(QIODevice &file)
 {
     FormCount count;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
     QXmlStreamReader reader(&file);
     bool isScrambledField = false;
     while (reader.readNext() != QXmlStreamReader::Invalid && !reader.isEndDocument()) {

@@ -6,6 +6,7 @@
 #include "tools/TextRewriter.h"
 
 #include <QByteArray>
+#include <QIODevice>
 #include <QString>
 #include <QVector>
 
@@ -19,9 +20,10 @@ enum class TextForm {
     Readable,  ///< In the clear, for authors.
 };
 
-/// The form of more than half of the texts of scrambled fields in the file `path`; none when neither form has
-/// more than half of them. Tells pairs of hexadecimal digits from all else.
-std::optional<TextForm> formOfFile(const QString &path);
+/// Reads a catalog file to its end, or to where it is no XML, and gives the form of more than half of the
+/// texts of scrambled fields; none when neither form has more than half of them. Tells pairs of hexadecimal
+/// digits from all else.
+std::optional<TextForm> formOf(QIODevice &file);
 
 /// Brings a catalog file from one form into the other. Only the texts of scrambled fields change.
 class FormChange
@@ -39,7 +41,7 @@ public:
     /// Why the file cannot be changed at all; none when it can.
     const std::optional<FileFailure> &failure() const { return m_failure; }
 
-    /// As `formOfFile`.
+    /// As `formOf`.
     std::optional<TextForm> form() const;
 
     /// The texts with an obstacle greater than `tolerated`.

@@ -1,8 +1,10 @@
 // The command-line tool orvida-catalog: lists its commands.
 #include "tools/CommandLine.h"
 #include "tools/ExitStatus.h"
+#include "tools/commands/ExplainCommand.h"
 #include "tools/commands/FormCommand.h"
 #include "tools/commands/JsonCommand.h"
+#include "tools/commands/NewCommand.h"
 #include "tools/commands/ShowCommand.h"
 
 #include <QTextCodec>
@@ -40,6 +42,8 @@ std::vector<std::unique_ptr<Command>> makeCommands()
     commands.push_back(std::make_unique<JsonCommand>());
     commands.push_back(std::make_unique<FormCommand>(TextForm::Scrambled));
     commands.push_back(std::make_unique<FormCommand>(TextForm::Readable));
+    commands.push_back(std::make_unique<ExplainCommand>());
+    commands.push_back(std::make_unique<NewCommand>());
     return commands;
 }
 

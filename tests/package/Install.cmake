@@ -20,6 +20,11 @@ if(NOT output MATCHES "^tunnels.xml: profile ROUTE, ")
   message(FATAL_ERROR "the installed tool printed:\n${output}")
 endif()
 
+run(${PREFIX}/bin/orvida-catalog show --readable ${SAMPLES}tunnels-readable.xml)
+if(NOT output MATCHES "^tunnels-readable.xml: profile ROUTE, ")
+  message(FATAL_ERROR "the installed tool printed of the readable sample:\n${output}")
+endif()
+
 foreach(schema catalog catalog-readable)
   if(NOT EXISTS ${PREFIX}/${DATADIR}/orvida-catalogs/${schema}.xsd)
     message(FATAL_ERROR "the schema ${schema}.xsd is not installed")

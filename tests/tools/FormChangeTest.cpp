@@ -109,7 +109,8 @@ void FormChangeTest::keepsTheLinesOfFiles_data()
 {
     QTest::addColumn<QString>("path");
 
-    for (const char *folder : {"../../fuzz/corpus/load", "../../fuzz/corpus/style", "transcripts/files"}) {
+    for (const char *folder :
+         {"../../fuzz/corpus/load", "../../fuzz/corpus/style", "../catalogs", "transcripts/files"}) {
         const QDir files(QFINDTESTDATA(folder));
         for (const QFileInfo &file : files.entryInfoList({text("*.xml")}, QDir::Files))
             QTest::newRow(qPrintable(file.fileName())) << file.filePath();

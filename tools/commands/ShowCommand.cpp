@@ -5,7 +5,6 @@
 #include "tools/ExitStatus.h"
 #include "tools/FieldProperties.h"
 #include "tools/LoadReport.h"
-#include "tools/Messages.h"
 #include "tools/NearNames.h"
 #include "tools/Options.h"
 #include "tools/TreeView.h"
@@ -40,17 +39,6 @@ QString summary(const CatalogFile &file)
     facts << (file.supports3D() ? QStringLiteral("3D") : QStringLiteral("not 3D"));
     return OutputStyle::singleLine(file.shortName() + QStringLiteral(": ")
                                    + facts.join(QStringLiteral(", ")));
-}
-
-// Says that there is no such name, and which ones come near it.
-int reportUnknown(const QString &kind, const QString &name, const QStringList &names)
-{
-    const QStringList near = nearNames(name, names);
-    QString text = QStringLiteral("no %1 %2 in this catalog").arg(kind, quoted(name));
-    if (!near.isEmpty())
-        text += QStringLiteral("; did you mean %1?").arg(near.join(QStringLiteral(", ")));
-    printMessage(text);
-    return AnswerIsNo;
 }
 
 Items itemsWithCode(const Items &items, const QString &code, Qt::CaseSensitivity caseSensitivity)
@@ -90,6 +78,9 @@ void ShowCommand::addOptions(CLI::App &command)
     const auto code = addTextOption(command, "--code", m_code, "Print this code as a form instead");
     addTextOption(command, "--profile", m_profile,
                   "Look at the profile with this key, not at the one that the catalog chooses");
+    command
+        .add_flag("--why", m_showsSources, "Print beside each property where it comes from, with its line")
+        ->needs(code);
     command.add_flag("--fields", m_showsFields, "Print the input fields under each code")->excludes(code);
     command.add_flag("--log", m_file.showsLog,
                      "Print all that the library says of the load on standard error");
@@ -103,7 +94,7 @@ int ShowCommand::run()
         return NotReadable;
     if (m_profile) {
         if (!file.profiles().contains(*m_profile))
-            return reportUnknown(QStringLiteral("profile"), *m_profile, file.profiles());
+            return reportUnknown(QStringLiteral("profile %1 in this catalog"), *m_profile, file.profiles());
         file.catalog().setProfile(*m_profile);
     }
     CommandOutput output;
@@ -136,10 +127,11 @@ int ShowCommand::printCode(CommandOutput &output, CatalogFile &file) const
     const Items items = displayedItems(file.catalog());
     const Items found = itemsMeantBy(*m_code, items);
     if (found.isEmpty())
-        return reportUnknown(QStringLiteral("code"), *m_code, codesOf(items));
+        return reportUnknown(QStringLiteral("code %1 in this catalog"), *m_code, codesOf(items));
     const OutputStyle style(m_color);
     const FieldOrigins origins(file.records());
-    CodeForm form(output.stream(), style, origins);
+    const FieldSources sources(file, origins);
+    CodeForm form(output.stream(), style, origins, m_showsSources ? &sources : nullptr);
     for (const auto &item : found) {
         if (item != found.first())
             output.stream() << '\n';

@@ -27,6 +27,7 @@ private:
     std::optional<QString> m_code;
     std::optional<QString> m_profile;
     bool m_showsFields = false;
+    bool m_showsSources = false;
     ColorChoice m_color = ColorChoice::Auto;
 };
 
