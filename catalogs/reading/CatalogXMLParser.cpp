@@ -20,7 +20,7 @@ constexpr qint64 largestPlainFile = Q_INT64_C(1) << 30;
 
 } // namespace
 
-struct CatalogXMLParser::Private
+struct Q_DECL_HIDDEN CatalogXMLParser::Private
 {
     [[nodiscard]] bool isPlain();
     [[nodiscard]] bool readPlain(const RecordStore &store);

@@ -70,7 +70,7 @@ private:
     // A step of loading that depends on the order of the file; no host needs it.
     friend const QVector<QString> &parameterExtensionsInFileOrder(const CatalogXMLParser &parser);
 
-    struct Private;
+    struct Q_DECL_HIDDEN Private;
     const std::unique_ptr<Private> m_private;
 };
 
