@@ -1,9 +1,12 @@
 // instructions PART FILE: runs one part of loading once, for callgrind to count its instructions.
-//   pass    a bare pass of the XML reader, the floor of a load
+//   pass    a bare pass of QXmlStreamReader
+//   check   a bare pass of the scanner: whether the file is plain
+//   scan    a pass of the scanner that asks for every name and text
 //   parse   CatalogXMLParser::readFile
 //   load    CatalogLoader::loadCatalog, and the end of the catalog
 #include "catalogs/building/CatalogLoader.h"
 #include "catalogs/reading/CatalogXMLParser.h"
+#include "catalogs/reading/PlainXmlScanner_p.h"
 
 #include <QFile>
 #include <QXmlStreamReader>
@@ -26,6 +29,33 @@ bool pass(const QString &path)
     return !reader.hasError();
 }
 
+bool check(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    PlainXmlScanner scanner(file);
+    while (scanner.tokenType() != QXmlStreamReader::EndDocument && !scanner.hasError())
+        scanner.readNext();
+    return !scanner.hasError();
+}
+
+bool scan(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    PlainXmlScanner scanner(file);
+    qint64 characters = 0;
+    while (scanner.tokenType() != QXmlStreamReader::EndDocument && !scanner.hasError()) {
+        if (scanner.readNext() == QXmlStreamReader::StartElement)
+            characters += scanner.name().length();
+        else
+            characters += scanner.text().length();
+    }
+    return characters > 0 && !scanner.hasError();
+}
+
 bool parse(const QString &path)
 {
     CatalogXMLParser parser;
@@ -46,11 +76,11 @@ int main(int argc, char **argv)
     {
         const char *name;
         bool (*run)(const QString &);
-    } parts[] = {{"pass", pass}, {"parse", parse}, {"load", load}};
+    } parts[] = {{"pass", pass}, {"check", check}, {"scan", scan}, {"parse", parse}, {"load", load}};
     for (const auto &part : parts) {
         if (argc == 3 && std::strcmp(argv[1], part.name) == 0)
             return part.run(QFile::decodeName(argv[2])) ? 0 : 2;
     }
-    std::fputs("usage: instructions pass|parse|load FILE\n", stderr);
+    std::fputs("usage: instructions pass|check|scan|parse|load FILE\n", stderr);
     return 3;
 }
