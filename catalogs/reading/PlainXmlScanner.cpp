@@ -60,11 +60,11 @@ uint takeCharacter(const uchar *&at)
     if (lead < 0xC0 || lead >= 0xF8)
         return 0;
     const int more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-    uint character = lead & (0x3Fu >> more);
+    uint character = lead & (0x3FU >> more);
     for (int i = 0; i < more; ++i) {
         if ((*++at & 0xC0) != 0x80)
             return 0;
-        character = character << 6 | (*at & 0x3Fu);
+        character = character << 6 | (*at & 0x3FU);
     }
     ++at;
     return character >= smallest[more - 1] && isPlainCharacter(character) ? character : 0;
@@ -231,7 +231,7 @@ void PlainXmlScanner::skipCurrentElement()
 // Keeps the bytes that are not read yet, and adds a block. False when there is nothing new to scan.
 bool PlainXmlScanner::readMore()
 {
-    constexpr std::size_t longestToken = 64 * 1024;
+    constexpr std::size_t longestToken = 64 * std::size_t(1024);
     const auto kept = static_cast<std::size_t>(m_end - m_next);
     if (m_isAllRead || kept > longestToken)
         return false;
