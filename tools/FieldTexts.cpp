@@ -36,7 +36,7 @@ private:
     void startElement();
     void endElement();
     void readText();
-    void placeText(FieldText &field);
+    void placeText(FieldText &text);
     void setObstacle(FieldText::Obstacle obstacle);
 
     int place() const { return static_cast<int>(m_places.characterOffset()); }

@@ -33,7 +33,7 @@ CatalogManager *CatalogManager::instance()
         return &manager;
     // For static objects of the host that are destroyed after the manager. Nothing would destroy this one in
     // time, so nothing does.
-    static CatalogManager *const lateManager = new CatalogManager;
+    static auto *const lateManager = new CatalogManager;
     return lateManager;
 }
 

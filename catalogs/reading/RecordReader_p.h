@@ -501,7 +501,7 @@ private:
     static void append(QList<Record> &records, Record &&record)
     {
         records.append(Record());
-        records.last() = std::move(record);
+        records.last() = std::forward<Record>(record);
     }
 
     QString toText(const QStringRef &text) { return m_texts.text(text); }
