@@ -170,7 +170,7 @@ bool takeAttributes(const uchar *&at)
         const std::string_view before = viewOf(begin, at);
         const std::string_view name = takeName(at);
         if (!(kinds[begin[before.size() - 1]] & Space) || name.empty() || name == "xmlns"
-            || before.find(name) != before.npos || !takeBytes(at, "=") || !takeQuoted(at, value))
+            || before.find(name) != std::string_view::npos || !takeBytes(at, "=") || !takeQuoted(at, value))
             return false;
     }
     return false;
