@@ -234,14 +234,13 @@ void CatalogManagerTest::keepsItsFirstAnswerAbout3D()
 void CatalogManagerTest::tellsWhether3DIsSupported()
 {
     FileTable files;
-    const QList<QPair<QByteArray, bool>> styles = {{"2147483648", true},  {"-1", true},
-                                                   {"6442450944", true},  {"12", false},
-                                                   {"2147483647", false}, {"4294967296", false}};
-    for (const auto &[style, isSupported] : styles) {
-        const QString id = text(style.constData());
-        files.add(id, m_folder.write(id, catalogOf(style)));
-        QCOMPARE(manager().is3DSupportedCatalog(id), isSupported);
+    QStringList supported;
+    for (const QByteArray style : {"2147483648", "-1", "6442450944", "12", "2147483647", "4294967296"}) {
+        files.add(text(style), m_folder.write(text(style), catalogOf(style)));
+        if (manager().is3DSupportedCatalog(text(style)))
+            supported += text(style);
     }
+    QCOMPARE(supported, QStringList({text("2147483648"), text("-1"), text("6442450944")}));
 }
 
 // The rest of this test happens when the process ends.

@@ -89,9 +89,9 @@ Telling tellingOf(Format::Kind kind)
 // A file with one record: its required fields, what a column needs to be kept, and `field` with `value`.
 QByteArray fileWith(const Format::Record &record, const Format::Field *field, const char *value)
 {
-    QByteArray description = record.name.data();
-    const auto add = [&description](const Format::Field &added, const char *text) {
-        description += QByteArray(" ") + added.name.data() + (added.isScrambled() ? "~" : "=") + text;
+    QByteArray xml = QByteArray("<") + record.name.data() + '>';
+    const auto add = [&xml](const Format::Field &added, const char *text) {
+        xml += QByteArray("<") + added.name.data() + '>' + text + "</" + added.name.data() + '>';
     };
     for (const Format::Field &candidate : record.fields) {
         if (&candidate == field)
@@ -101,7 +101,7 @@ QByteArray fileWith(const Format::Record &record, const Format::Field *field, co
         else if (candidate.kind == Format::Kind::ColumnType)
             add(candidate, "TXT");
     }
-    return catalogXml(records(description));
+    return catalogXml(scrambledForm(xml + "</" + record.name.data() + '>'));
 }
 
 } // namespace

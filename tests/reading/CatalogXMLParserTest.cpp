@@ -39,29 +39,29 @@ extern "C" ssize_t read(int file, void *buffer, size_t size)
 
 namespace {
 
-// Every kind of record with nothing but the keys that it must have. 05 is a text, scrambled or not.
-const char *const recordsWithKeys[] = {
-    "<CATPRO><PRO_PK>05</PRO_PK></CATPRO>",
-    "<CPX><CPX_PK>05</CPX_PK><CPX_Profile_FK>05</CPX_Profile_FK></CPX>",
-    "<COL><COL_Profile_FK>05</COL_Profile_FK><COL_Column_ID>05</COL_Column_ID></COL>",
-    "<LC><LC_Profile_FK>05</LC_Profile_FK><LC_Class_ID>05</LC_Class_ID></LC>",
-    "<LIST><LIST_Class_FK>05</LIST_Class_FK></LIST>",
-    "<CLASS><CLASS_PK>05</CLASS_PK></CLASS>",
-    "<BASECODE><BC_PK>05</BC_PK></BASECODE>",
-    "<CHAREXT><CE_PK>05</CE_PK></CHAREXT>",
-    "<PARAM><PARAM_PK>05</PARAM_PK></PARAM>",
-    "<PARAMX><PX_PK>05</PX_PK></PARAMX>",
-};
-
 // A file with every kind of record and of token.
 QByteArray everything()
 {
-    QByteArray content =
-        "<?xml version='1.0'?>\n<!DOCTYPE OVCAT [<!ENTITY e 'x'>]>\n<OVCAT a='b'>\n<CATALOG><a/></CATALOG>";
-    for (const char *record : recordsWithKeys)
-        content += record;
-    return content
-           + "<!-- x --><?x y?><PARAM><PARAM_PK>&e;&#65;<![CDATA[<]]></PARAM_PK></PARAM><other/></OVCAT>";
+    return "<?xml version='1.0'?>\n<!DOCTYPE OVCAT [<!ENTITY e 'x'>]>\n<OVCAT a='b'>\n<CATALOG><a/></CATALOG>"
+           "<CATPRO><PRO_PK>05</PRO_PK></CATPRO><CPX><CPX_PK>05</CPX_PK><CPX_Profile_FK>05</CPX_Profile_FK></"
+           "CPX>"
+           "<COL><COL_Profile_FK>05</COL_Profile_FK><COL_Column_ID>05</COL_Column_ID>"
+           "<COL_DataType>TXT</COL_DataType></COL>"
+           "<LC><LC_Profile_FK>05</LC_Profile_FK><LC_Class_ID>05</LC_Class_ID></LC>"
+           "<LIST><LIST_Class_FK>05</LIST_Class_FK></LIST><CLASS><CLASS_PK>\u00E9</CLASS_PK></CLASS>"
+           "<BASECODE><BC_PK>B</BC_PK></BASECODE><CHAREXT><CE_PK>C</CE_PK></CHAREXT>"
+           "<PARAM><PARAM_PK>05</PARAM_PK></PARAM><PARAMX><PX_PK>05</PX_PK></PARAMX>"
+           "<!-- x --><?x y?><PARAM><PARAM_PK>&e;&#65;<![CDATA[<]]></PARAM_PK></PARAM><other/></OVCAT>";
+}
+
+// The same without what only one of the XML readers takes.
+QByteArray everythingPlain()
+{
+    return everything()
+        .replace("<!DOCTYPE OVCAT [<!ENTITY e 'x'>]>", "")
+        .replace("<?x y?>", "")
+        .replace("&e;", "")
+        .replace("<![CDATA[<]]>", "");
 }
 
 } // namespace
@@ -72,7 +72,6 @@ class CatalogXMLParserTest : public QObject
 
 private Q_SLOTS:
     void refusesWhatIsNoFile();
-    void refusesRecordWithoutKey();
     void tellsWhatFailedAndWhere_data();
     void tellsWhatFailedAndWhere();
     void refusesFileCutAtAnyByteButKeepsItsRecords();
@@ -99,27 +98,6 @@ void CatalogXMLParserTest::refusesWhatIsNoFile()
     QCOMPARE(log.messages(), QStringList());
     QVERIFY(parser.readFile(path, items));
     QCOMPARE(summaryOf(parser.failure()), text("read"));
-}
-
-// Neither without a key nor with an empty one. What comes before it is kept, what comes after it is not read.
-void CatalogXMLParserTest::refusesRecordWithoutKey()
-{
-    for (const QByteArray record : recordsWithKeys) {
-        QVERIFY2(Reading(record).succeeded(), record.constData());
-        for (int key = record.indexOf("05"); key >= 0; key = record.indexOf("05", key + 1)) {
-            const int nameStart = record.lastIndexOf('<', key) + 1;
-            const QByteArray name = record.mid(nameStart, key - 1 - nameStart);
-            for (const QByteArray &broken :
-                 {QByteArray(record).replace(name, "Other"), QByteArray(record).remove(key, 2)}) {
-                const Reading reading("<OVCAT><PARAM><PARAM_PK>before</PARAM_PK></PARAM>" + broken
-                                      + "<LIST><LIST_Class_FK>after</LIST_Class_FK></LIST></OVCAT>");
-                QCOMPARE(reading.failure().missingFields, QStringList(QString::fromLatin1(name)));
-                QVERIFY2(!reading.succeeded()
-                             && reading.lines() == text("parameter \"before\" pk=\"before\""),
-                         broken.constData());
-            }
-        }
-    }
 }
 
 void CatalogXMLParserTest::tellsWhatFailedAndWhere_data()
@@ -158,13 +136,15 @@ void CatalogXMLParserTest::tellsWhatFailedAndWhere()
 
 void CatalogXMLParserTest::refusesFileCutAtAnyByteButKeepsItsRecords()
 {
-    const QByteArray content = everything();
-    for (int size = 0; size < content.size(); ++size) {
-        const Reading reading(content.left(size));
-        QVERIFY2(!reading.succeeded(), content.left(size).constData());
-        QCOMPARE(int(reading.failure().reason), int(CatalogReadFailure::NotWellFormed));
+    for (const QByteArray &content : {everything(), everythingPlain()}) {
+        for (int size = 0; size < content.size(); ++size) {
+            const Reading reading(content.left(size));
+            QVERIFY2(!reading.succeeded(), content.left(size).constData());
+            QCOMPARE(int(reading.failure().reason), int(CatalogReadFailure::NotWellFormed));
+        }
+        QVERIFY(Reading(content).succeeded());
+        QCOMPARE(Reading(content.chopped(1)).lines(), Reading(content).lines());
     }
-    QCOMPARE(Reading(content.chopped(1)).lines(), Reading(content).lines());
 }
 
 void CatalogXMLParserTest::readsOnOrFailsWhenTheMediumDoes_data()

@@ -140,24 +140,4 @@ private:
     const bool m_succeeded;
 };
 
-/// The records that `text` describes, separated by '|': each is its element and its fields, NAME=text, or
-/// NAME~text for a text to scramble.
-inline QByteArray records(const QByteArray &text)
-{
-    static const QRegularExpression mark(QStringLiteral("[=~]"));
-    QByteArray xml;
-    for (const QByteArray &description : text.split('|')) {
-        QStringList words = QString::fromUtf8(description).split(QLatin1Char(' '));
-        const QByteArray element = words.takeFirst().toUtf8();
-        xml += '<' + element + ">\n";
-        for (const QString &word : qAsConst(words)) {
-            const QByteArray name = word.section(mark, 0, 0).toUtf8();
-            const QString value = word.mid(name.size() + 1);
-            xml += word.at(name.size()) == QLatin1Char('~') ? scrambled(name, value) : field(name, value);
-        }
-        xml += "</" + element + ">\n";
-    }
-    return xml;
-}
-
 } // namespace Orvida::Tests

@@ -37,6 +37,30 @@ private Q_SLOTS:
         }
     }
 
+    // The fast path for plain numbers must not be seen. These are all texts of up to five of seven
+    // characters, and such with more digits than a double holds.
+    void formatsAnyTextAsTheLongWay()
+    {
+        const QString characters = text("019.-e ");
+        QStringList values = {text("123456789012345"), text("1234567890123456789"),
+                              text("0.1234567890123456"), text("99999999999999.9")};
+        for (int number = 0; number < 7 * 7 * 7 * 7 * 7; ++number) {
+            QString value;
+            for (int rest = number; rest > 0; rest /= 7)
+                value += characters.at(rest % 7);
+            values += value;
+        }
+        for (const QString &value : qAsConst(values)) {
+            for (int decimals = 0; decimals < 4; ++decimals) {
+                bool isNumber = false;
+                const double number = value.toDouble(&isNumber);
+                const QString expected = isNumber ? QString::number(number, 'f', decimals) : value;
+                QCOMPARE(Orvida::Shared::DoubleFormater::toString(value, text("#.###").left(2 + decimals)),
+                         expected);
+            }
+        }
+    }
+
     void logsUnchangedWhatTheFilterRulesLetPass()
     {
         const QString message = text(" %1 %s \"\\n\n\u6E90 ");

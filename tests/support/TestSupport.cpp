@@ -54,16 +54,6 @@ QByteArray catalogXml(const QByteArray &records)
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<OVCAT>\n" + records + "</OVCAT>\n";
 }
 
-QByteArray field(const char *name, const QString &text)
-{
-    return QByteArray("  <") + name + '>' + text.toHtmlEscaped().toUtf8() + "</" + name + ">\n";
-}
-
-QByteArray scrambled(const char *name, const QString &text)
-{
-    return field(name, Catalogs::ScrambledText::encode(text));
-}
-
 QByteArray scrambledForm(const QByteArray &clear)
 {
     static const QRegularExpression fieldWithText(text("<(\\w+)>([^<]*)(?=<)"));

@@ -36,10 +36,6 @@ inline QString text(const char *utf8)
 /// `records` inside the root element of a catalog file.
 QByteArray catalogXml(const QByteArray &records);
 
-/// One field element, its text escaped; `scrambled` also puts it into its scrambled form.
-QByteArray field(const char *name, const QString &text);
-QByteArray scrambled(const char *name, const QString &text);
-
 /// The catalog `clear` with the texts of its scrambled fields scrambled. Elements with the attribute raw keep
 /// their text; escapes are not looked at.
 QByteArray scrambledForm(const QByteArray &clear);
