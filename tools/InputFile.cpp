@@ -25,13 +25,7 @@ public:
 protected:
     qint64 readData(char *data, qint64 maximumSize) override
     {
-        // In full: XML readers take a first piece of less than four bytes for the whole file.
-        qint64 size = 0;
-        qint64 piece = 1;
-        while (piece > 0 && size < maximumSize) {
-            piece = m_file.read(data + size, maximumSize - size);
-            size += qMax<qint64>(piece, 0);
-        }
+        const qint64 size = m_file.read(data, maximumSize);
         if (m_file.error() != QFileDevice::NoError)
             m_failureText = m_file.errorString();
         else if (!m_copy.append(QByteArray::fromRawData(data, static_cast<int>(size))))
