@@ -40,28 +40,62 @@ inline bool isLast(QXmlStreamReader::TokenType token)
     return token == QXmlStreamReader::Invalid || token == QXmlStreamReader::EndDocument;
 }
 
+/// Watches a reader at work. This one, a load's, does nothing, and the compiler leaves no trace of it.
+///
+/// Another one sees all that a load passes over. It takes the current token from the XML reader, which it
+/// knows from its maker, and keeps what it wants: nothing is stored then.
+struct NoObserver
+{
+    /// Whether the reader converts and stores values.
+    static constexpr bool isStoring = true;
+
+    /// A token outside of records was read.
+    void seeOutside() {}
+    /// The reader stands on the start tag of an element that it takes for a record.
+    void beginRecord(CCatalogTokenizer::CatalogToken /*record*/) {}
+    /// A token inside a record was read, the record's own tags included. `field` is the token of the field
+    /// whose start tag or value it is, otherwise 0.
+    void seeInside(int /*field*/) {}
+    /// Of the record that has just ended: whether a load finds no text in `field`.
+    bool isEmpty(const CatalogFormat::Field & /*field*/) { return false; }
+    /// The record that has just ended is refused, as the reader's failure says; whether to go on.
+    bool goesOnAfterRefusal() { return false; }
+    /// The reader stands on the start tag of an element that is no record; skips it with its content.
+    template <typename Xml>
+    void skip(Xml &xml)
+    {
+        xml.skipCurrentElement();
+    }
+};
+
+inline NoObserver noObserver;
+
 /// `Xml` reads as QXmlStreamReader does: readNext(), tokenType(), name(), text(), skipCurrentElement(),
 /// lineNumber() and columnNumber().
-template <typename Xml>
+template <typename Xml, typename Observer = NoObserver>
 class RecordReader
 {
 public:
     /// Reads from `xml`, whose document has not begun, into `store`; a refused record is told in `failure`.
-    RecordReader(Xml &xml, const RecordStore &store, CatalogReadFailure &failure)
+    RecordReader(Xml &xml, const RecordStore &store, CatalogReadFailure &failure,
+                 Observer &observer = noObserver)
         : m_xml(xml),
           m_records(store.records),
           m_items(store.items),
           m_parameterExtensionKeys(store.parameterExtensionKeys),
           m_texts(store.texts),
-          m_failure(failure)
+          m_failure(failure),
+          m_observer(observer)
     {
     }
 
     /// Reads up to the last token of the document, an XML error included, or to the first record that is
-    /// refused; false for the latter, and when the document ends inside a record.
+    /// refused, unless the observer lets it go on; false for the latter, and when the document ends inside a
+    /// record.
     [[nodiscard]] bool readDocument()
     {
         for (auto token = m_xml.readNext(); !isLast(token); token = m_xml.readNext()) {
+            m_observer.seeOutside();
             if (token == QXmlStreamReader::StartElement && !readSection())
                 return false;
         }
@@ -89,10 +123,22 @@ private:
         case Section::CHAREXT: return readCharacterExtension();
         case Section::PARAM: return readParameter();
         case Section::PARAMX: return readParameterExtension();
-        case Section::CATALOG:
+        case Section::CATALOG: return readCatalogInfo();
         case Section::Unknown: break;
         }
-        m_xml.skipCurrentElement();
+        m_observer.skip(m_xml);
+        return true;
+    }
+
+    // A load passes over it.
+    [[nodiscard]] bool readCatalogInfo()
+    {
+        if constexpr (!Observer::isStoring) {
+            return readRecord(
+                Section::CATALOG, &CCatalogTokenizer::stringToCatalogInfoToken, {},
+                [](CCatalogTokenizer::CatalogInfoToken, const QStringRef &) {}, [] {});
+        }
+        m_observer.skip(m_xml);
         return true;
     }
 
@@ -106,14 +152,16 @@ private:
         // A refused record is reported where its missing field belongs, and not at its end.
         const qint64 line = m_xml.lineNumber();
         const qint64 column = m_xml.columnNumber() + 1;
+        m_observer.beginRecord(section);
         if (!readFields(tokenOf, set))
             return false;
         if (!checkRequired(section, requiredValues)) {
             m_failure.line = line;
             m_failure.column = column;
-            return false;
+            return m_observer.goesOnAfterRefusal();
         }
-        store();
+        if constexpr (Observer::isStoring)
+            store();
         return true;
     }
 
@@ -129,19 +177,24 @@ private:
             case QXmlStreamReader::StartElement:
                 ++depth;
                 field = tokenOf(m_xml.name());
+                m_observer.seeInside(static_cast<int>(field));
                 break;
             case QXmlStreamReader::Characters:
-                if (field != Token::Unknown)
-                    set(field, m_xml.text());
+                m_observer.seeInside(static_cast<int>(field));
+                if constexpr (Observer::isStoring) {
+                    if (field != Token::Unknown)
+                        set(field, m_xml.text());
+                }
                 field = Token::Unknown;
                 break;
             case QXmlStreamReader::EndElement:
                 // An empty field keeps its default; the white space after it is not its text.
                 field = Token::Unknown;
+                m_observer.seeInside(0);
                 if (--depth == 0)
                     return true;
                 break;
-            default: break;
+            default: m_observer.seeInside(0); break;
             }
         }
         return false;
@@ -149,17 +202,20 @@ private:
 
     [[nodiscard]] bool checkRequired(Section section, RequiredValues values)
     {
-        if (std::none_of(values.begin(), values.end(), [](const QString *value) { return value->isEmpty(); }))
+        if (Observer::isStoring && std::none_of(values.begin(), values.end(), [](const QString *value) {
+                return value->isEmpty();
+            }))
             return true;
         const CatalogFormat::Record &record = CatalogFormat::record(static_cast<int>(section));
+        auto value = values.begin();
+        for (const CatalogFormat::Field *field : record.requiredFields()) {
+            if (Observer::isStoring ? (*value++)->isEmpty() : m_observer.isEmpty(*field))
+                m_failure.missingFields.append(field->name);
+        }
+        if (m_failure.missingFields.isEmpty())
+            return true;
         m_failure.reason = CatalogReadFailure::RecordRefused;
         m_failure.record = record.name;
-        auto field = record.requiredFields().begin();
-        for (const QString *value : values) {
-            if (value->isEmpty())
-                m_failure.missingFields.append((*field)->name);
-            ++field;
-        }
         return false;
     }
 
@@ -440,6 +496,7 @@ private:
     QVector<QString> &m_parameterExtensionKeys;
     TextPool &m_texts;
     CatalogReadFailure &m_failure;
+    Observer &m_observer;
 };
 
 } // namespace Orvida::Catalogs
