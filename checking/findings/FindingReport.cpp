@@ -23,18 +23,6 @@ CatalogSeverity severityOf(Level level)
                                      : CatalogSeverity::Note;
 }
 
-// The key by which people find the record.
-QString keyOf(const LocatedCatalog &catalog, int record)
-{
-    const LocatedField *const end = catalog.end(record);
-    const auto isKey = [&](const LocatedField &field) {
-        return !field.isOverruled && field.value != 0
-               && catalog.format(record, field).keySpace != Catalogs::CatalogFormat::KeySpace::None;
-    };
-    const LocatedField *const found = std::find_if(catalog.begin(record), end, isKey);
-    return found == end ? QString() : catalog.texts.text(found->value).toString();
-}
-
 QString kindOf(const LocatedCatalog &catalog, int record)
 {
     const LocatedRecord &located = catalog.record(record);
@@ -114,12 +102,23 @@ void FindingReport::addConsequence(const Fault &fault, int lostRecord)
     ++total.occurrences;
     total.affected += fault.affected;
     const LocatedRecord &lost = m_catalog.record(lostRecord);
-    const int finding =
-        m_losses.value(lost.state == LocatedRecord::Wrapped ? lost.outer : lostRecord, notListed);
-    if (finding == notListed)
-        return;
-    findings[finding].affected += 1 + fault.affected;
-    relate(findings[finding], fault.place, fault.place.field + QStringLiteral(" refers to it"));
+    Consequences &known = m_consequences[lost.state == LocatedRecord::Wrapped ? lost.outer : lostRecord];
+    known.affected += 1 + fault.affected;
+    const Position at = fault.place.start;
+    if (known.related.size() < mostRelated)
+        known.related.append({at.line, at.column, fault.place.field + QStringLiteral(" refers to it")});
+}
+
+void FindingReport::tellConsequences()
+{
+    for (auto known = m_consequences.cbegin(); known != m_consequences.cend(); ++known) {
+        const int index = m_losses.value(known.key(), notListed);
+        if (index == notListed)
+            continue;
+        findings[index].affected += known->affected;
+        findings[index].related += known->related;
+        findings[index].related.resize(std::min(findings[index].related.size(), mostRelated));
+    }
 }
 
 void FindingReport::relate(CatalogFinding &finding, const Place &place, const QString &message)
@@ -130,6 +129,7 @@ void FindingReport::relate(CatalogFinding &finding, const Place &place, const QS
 
 void FindingReport::finish()
 {
+    tellConsequences();
     tellDirectives();
     std::stable_sort(findings.begin(), findings.end(), isBefore);
 }
@@ -154,7 +154,7 @@ int FindingReport::addNew(const Fault &fault)
     finding.field = fault.place.field;
     if (fault.place.record >= 0) {
         finding.record = kindOf(m_catalog, fault.place.record);
-        finding.key = keyOf(m_catalog, fault.place.record);
+        finding.key = m_catalog.texts.text(m_catalog.keyOf(fault.place.record)).toString();
     }
     finding.affected = fault.affected;
     findings.append(finding);

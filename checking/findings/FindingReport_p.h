@@ -6,6 +6,7 @@
 #include "checking/rules/RuleTable_p.h"
 
 #include <QHash>
+#include <QMap>
 #include <QPair>
 #include <QVarLengthArray>
 #include <QVector>
@@ -128,7 +129,15 @@ private:
         std::size_t directive;
     };
 
+    // What refers to a lost record.
+    struct Consequences
+    {
+        int affected = 0;
+        QVector<CatalogRelated> related;
+    };
+
     void findSuppressions();
+    void tellConsequences();
     bool isSuppressed(Rule rule, Position at);
     int addNew(const Fault &fault);
     void tellDirectives();
@@ -140,6 +149,8 @@ private:
     /// is lost.
     QHash<QPair<int, qint64>, int> m_subjects;
     QHash<int, int> m_losses;
+    /// By lost record. Kept until the end: the rule that finds the loss may come later.
+    QMap<int, Consequences> m_consequences;
     std::array<std::vector<Suppression>, std::size_t(Rule::Count)> m_suppressions;
     std::array<int, std::size_t(Rule::Count)> m_suppressedInFile;
     std::vector<bool> m_isUseful; // by directive

@@ -37,8 +37,8 @@ bool isSameName(QStringView a, QStringView b)
     }
 }
 
-// Number of letters to insert, remove or replace to get from `a` to `b`; more than `most` when there are
-// more.
+// Number of letters to insert, remove, replace or swap with the next one to get from `a` to `b`; more than
+// `most` when there are more.
 int editDistance(QStringView a, QStringView b, int most)
 {
     const auto parted = std::mismatch(a.begin(), a.end(), b.begin(), b.end(), isSameLetter);
@@ -48,6 +48,10 @@ int editDistance(QStringView a, QStringView b, int most)
         return int(a.size() + b.size());
     if (most == 0)
         return 1;
+    const bool isSwapped =
+        a.size() > 1 && b.size() > 1 && isSameLetter(a.at(0), b.at(1)) && isSameLetter(a.at(1), b.at(0));
+    if (isSwapped)
+        return 1 + editDistance(a.mid(2), b.mid(2), most - 1);
     return 1
            + std::min({editDistance(a.mid(1), b.mid(1), most - 1), editDistance(a.mid(1), b, most - 1),
                        editDistance(a, b.mid(1), most - 1)});

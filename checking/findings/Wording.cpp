@@ -27,7 +27,9 @@ QString escaped(QChar character)
     case '\n': return QStringLiteral("\\n");
     case '\r': return QStringLiteral("\\r");
     case '\t': return QStringLiteral("\\t");
-    default: return QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0')).toUpper();
+    default:
+        return QStringLiteral("\\u")
+               + QString::number(character.unicode(), 16).toUpper().rightJustified(4, QLatin1Char('0'));
     }
 }
 

@@ -504,7 +504,8 @@ void CatalogLocator::openLostKey(QStringView name)
     if (kind == Section::Unknown)
         return;
     for (const CatalogFormat::Field &field : CatalogFormat::record(int(kind)).fields) {
-        if (field.name == name && field.keySpace != CatalogFormat::KeySpace::None) {
+        const bool isKey = field.keySpace != CatalogFormat::KeySpace::None || field.names.size() > 0;
+        if (field.name == name && isKey) {
             element.role = Open::LostKey;
             element.token = quint8(field.token);
         }

@@ -49,7 +49,7 @@ private:
             Record,     ///< of a record that is read
             Field,      ///< of a field of that record
             LostRecord, ///< of a record that is not read as one
-            LostKey,    ///< of a key field of such a record
+            LostKey,    ///< of a key or reference of such a record
         };
 
         Role role = Other;

@@ -78,6 +78,21 @@ public:
                 })};
     }
 
+    /// Whether the group `key` has a member from `first` on that is less than `last`.
+    bool hasBetween(qint64 key, int first, int last) const
+    {
+        const Members members = of(key);
+        int low = 0;
+        for (int high = members.size(); low < high;) {
+            const int middle = low + (high - low) / 2;
+            if (members[middle] < first)
+                low = middle + 1;
+            else
+                high = middle;
+        }
+        return low < members.size() && members[low] < last;
+    }
+
     /// Calls `visit` with the members of each group, by ascending keys.
     template <typename Visit>
     void forEach(Visit visit) const

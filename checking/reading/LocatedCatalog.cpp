@@ -2,6 +2,7 @@
 
 #include "catalogs/reading/FieldConversion_p.h"
 
+#include <algorithm>
 #include <array>
 
 namespace Orvida::Checking {
@@ -38,6 +39,30 @@ const LocatedField *LocatedCatalog::fieldOf(int record, int token) const
             return field;
     }
     return nullptr;
+}
+
+// The first one in the order of the format, which has keys before codes.
+Symbol LocatedCatalog::keyOf(int index) const
+{
+    if (record(index).kind == Section::Unknown)
+        return 0;
+    for (const CatalogFormat::Field &format : CatalogFormat::record(int(record(index).kind)).fields) {
+        const bool isKey = format.keySpace != CatalogFormat::KeySpace::None;
+        const LocatedField *field = isKey ? fieldOf(index, format.token) : nullptr;
+        if (field && field->value != 0)
+            return field->value;
+    }
+    return 0;
+}
+
+QStringView LocatedCatalog::rawText(const LocatedField &field) const
+{
+    const int index = int(&field - fields.data());
+    const auto found =
+        std::lower_bound(oddScrambledTexts.begin(), oddScrambledTexts.end(), index,
+                         [](const OddScrambledText &odd, int wanted) { return odd.field < wanted; });
+    const bool isFound = found != oddScrambledTexts.end() && found->field == index;
+    return isFound ? texts.text(found->raw) : QStringView();
 }
 
 int LocatedCatalog::toNumber(Symbol symbol) const

@@ -78,7 +78,7 @@ struct LocatedRecord
     Position start;
     /// Of a wrapped or nested record: the record around it.
     int outer = -1;
-    /// Of records that are not read as such, only keys are kept.
+    /// Of records that are not read as such, only keys and references are kept.
     int firstField = 0;
     int fieldCount = 0;
 
@@ -180,6 +180,10 @@ struct LocatedCatalog
     {
         return isTrue(value(record, token));
     }
+    /// The key by which people know a record; 0 when it has none.
+    Symbol keyOf(int record) const;
+    /// What stands in the file for a scrambled value that is not what the encoder writes; otherwise empty.
+    QStringView rawText(const LocatedField &field) const;
     int toNumber(Symbol symbol) const;
     bool isTrue(Symbol symbol) const;
 

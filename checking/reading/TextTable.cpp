@@ -45,6 +45,11 @@ Symbol TextTable::symbol(QStringView text)
     return m_slots[slot];
 }
 
+Symbol TextTable::find(QStringView text) const
+{
+    return text.isEmpty() ? 0 : m_slots[slotOf(text, hashOf(text))];
+}
+
 QString TextTable::string(Symbol symbol) const
 {
     const QStringView view = text(symbol);

@@ -24,6 +24,8 @@ public:
 
     /// The number of `text`, which is copied when it is new.
     Symbol symbol(QStringView text);
+    /// The number of `text`; 0 when it is new.
+    Symbol find(QStringView text) const;
     /// Remains valid as long as the table.
     QStringView text(Symbol symbol) const { return m_texts[std::size_t(symbol)]; }
     /// The same as a string that shares the characters: it must not outlive the table.

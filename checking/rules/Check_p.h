@@ -7,9 +7,12 @@
 #include "checking/reading/CatalogLinks_p.h"
 #include "checking/reading/LocatedCatalog_p.h"
 
+#include <QHash>
+#include <QPair>
 #include <QString>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -58,6 +61,20 @@ public:
         }
     }
 
+    /// Calls `visit` with each field of the records that are read, overruled ones included, and their
+    /// records.
+    template <typename Visit>
+    void forEachField(Visit visit) const
+    {
+        for (int record = 0; record < catalog.recordCount(); ++record) {
+            const LocatedRecord::State state = catalog.record(record).state;
+            if (state != LocatedRecord::Kept && state != LocatedRecord::Refused)
+                continue;
+            for (const LocatedField *field = catalog.begin(record); field != catalog.end(record); ++field)
+                visit(record, *field);
+        }
+    }
+
     /// Calls `visit` with each value of the file, overruled ones included, and its record, if `isWanted` is
     /// true of its text.
     template <typename IsWanted, typename Visit>
@@ -85,7 +102,10 @@ public:
     QLatin1String nameOf(int record) const;
 
     /// "did you mean X?", for a key that nothing has; empty when no key is near.
-    QString nearKey(KeySpace space, Symbol key);
+    QString nearKey(KeySpace space, QStringView key);
+    /// Adds that `fault` refers to a key that no record has: to the finding of a lost record that would have
+    /// it, otherwise as a finding of its own, one for each key, with the near key as its hint.
+    CatalogFinding *addUnknown(Fault fault, KeySpace space, Symbol key);
 
     const QString &fileName;
     /// What was wrong with the file itself; no failure when it was read to its end.
@@ -97,6 +117,11 @@ public:
     FindingReport &report;
 
 private:
+    int keylessRecordFor(KeySpace space, Symbol key);
+
+    /// Refused records without a key, which are taken for the owners of unknown keys, one each.
+    std::array<std::vector<int>, int(KeySpace::ParameterExtension) + 1> m_keyless;
+    QHash<QPair<int, int>, int> m_keylessOwners;
     /// How many more names may be compared: looking for near names is slow, and a file may hold millions.
     int m_comparisons;
 };

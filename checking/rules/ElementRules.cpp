@@ -317,8 +317,7 @@ void tellStyle(Check &check, int record)
     if (CatalogFinding *finding =
             check.add(Fault(Rule::StyleUnusedBits, placeOf(check.catalog, record, *style)))) {
         finding->message = QStringLiteral("CAT_Style %1 has bits without a meaning; only %2 has one")
-                               .arg(check.quotedText(style->value))
-                               .arg(supports3d);
+                               .arg(check.quotedText(style->value), QString::number(supports3d));
         finding->hint = QStringLiteral("for 3D write %1, otherwise 0").arg(supports3d);
     }
 }

@@ -1,25 +1,13 @@
 #include "checking/rules/KeyRules_p.h"
 
 #include "checking/rules/Check_p.h"
+#include "checking/rules/ListValues_p.h"
 
 #include <QStringList>
 
 namespace Orvida::Checking {
 
 namespace {
-
-// What stands in a scrambled key that decodes to nothing; empty for any other field.
-QStringView rawText(const LocatedCatalog &catalog, const LocatedField *field)
-{
-    if (!field)
-        return QStringView();
-    const int index = int(field - catalog.fields.data());
-    const auto found =
-        std::lower_bound(catalog.oddScrambledTexts.begin(), catalog.oddScrambledTexts.end(), index,
-                         [](const OddScrambledText &odd, int wanted) { return odd.field < wanted; });
-    const bool isFound = found != catalog.oddScrambledTexts.end() && found->field == index;
-    return isFound ? catalog.texts.text(found->raw) : QStringView();
-}
 
 void tellMissingKeys(Check &check, int record)
 {
@@ -35,7 +23,8 @@ void tellMissingKeys(Check &check, int record)
         if (value && value->value != 0)
             continue;
         missing.append(field->name);
-        raw = raw.isEmpty() ? rawText(check.catalog, value) : raw;
+        if (value && raw.isEmpty())
+            raw = check.catalog.rawText(*value);
     }
     finding->field = missing.first();
     finding->message = QStringLiteral("a %1 record without %2: the file does not load")
@@ -319,13 +308,6 @@ bool hasEqualSortOrders(const Check &check, Symbol listKey)
         orders.push_back(check.catalog.number(entry, ListItemToken::LIST_SortOrder));
     std::sort(orders.begin(), orders.end());
     return std::adjacent_find(orders.begin(), orders.end()) != orders.end();
-}
-
-QString listName(const Check &check, int record)
-{
-    return QStringLiteral("%1 of profile %2")
-        .arg(check.shownText(check.catalog.value(record, ListClassToken::LC_Class_ID)),
-             check.shownText(check.catalog.value(record, ListClassToken::LC_Profile_FK)));
 }
 
 } // namespace

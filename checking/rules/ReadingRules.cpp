@@ -23,6 +23,11 @@ bool begins(const QString &detail, const char *english)
     return detail.startsWith(readerText(english).section(QStringLiteral("%1"), 0, 0));
 }
 
+QString withoutFullStop(const QString &detail)
+{
+    return shown(detail.endsWith(QLatin1Char('.')) ? QStringView(detail).chopped(1) : QStringView(detail));
+}
+
 QString openElementsHint(const LocatedCatalog &catalog)
 {
     if (catalog.openElements.empty())
@@ -30,8 +35,7 @@ QString openElementsHint(const LocatedCatalog &catalog)
     QStringList names;
     for (const LocatedCatalog::OpenElement &element : catalog.openElements)
         names.prepend(QStringLiteral("%1 from line %2")
-                          .arg(tag(catalog.texts.text(element.name)))
-                          .arg(element.start.line));
+                          .arg(tag(catalog.texts.text(element.name)), QString::number(element.start.line)));
     return QStringLiteral("the file is cut off, or end tags are missing: open are ")
            + names.join(QStringLiteral(", "));
 }
@@ -42,8 +46,7 @@ QString mismatchHint(const LocatedCatalog &catalog)
         return QString();
     const LocatedCatalog::OpenElement &open = catalog.openElements.back();
     return QStringLiteral("the open element is %1 from line %2")
-        .arg(tag(catalog.texts.text(open.name)))
-        .arg(open.start.line);
+        .arg(tag(catalog.texts.text(open.name)), QString::number(open.start.line));
 }
 
 QString malformedHint(const LocatedCatalog &catalog, const QString &detail)
@@ -123,7 +126,7 @@ void findReadingFault(Check &check)
         return;
     const Position at{quint32(failure.line), quint32(failure.column)};
     if (CatalogFinding *finding = check.add(Fault(Rule::NotWellFormed, placeAt(at)))) {
-        finding->message = QStringLiteral("not well-formed XML: ") + shown(failure.detail);
+        finding->message = QStringLiteral("not well-formed XML: ") + withoutFullStop(failure.detail);
         finding->hint = malformedHint(check.catalog, failure.detail);
     }
 }
