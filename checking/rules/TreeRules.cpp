@@ -195,30 +195,37 @@ std::vector<int> firstTie(const Members &members, NumberOf numberOf)
     return tie;
 }
 
+void tellEqualSortOrders(Check &check, int parent, const Groups::Members &tie)
+{
+    const Place place = placeOf(check.catalog, check.links.item(tie[1]).record);
+    CatalogFinding *finding = check.add(Fault(Rule::EqualSortOrders, place));
+    if (!finding)
+        return;
+    finding->message =
+        QStringLiteral("%1 children of %2 have sort order %3; their order is left to chance")
+            .arg(QString::number(tie.size()), itemName(check, parent), QString::number(tie.key()));
+    finding->hint = QStringLiteral("number them in steps of 10");
+    FindingReport::relate(*finding, placeOf(check.catalog, check.links.item(tie[0]).record),
+                          QStringLiteral("the first of them"));
+}
+
 } // namespace
 
 void findEqualSortOrders(Check &check)
 {
-    check.links.children().forEach([&](const Groups::Members &all) {
-        std::vector<int> children;
-        for (const int child : all) {
+    check.links.children().forEach([&](const Groups::Members &children) {
+        if (children.key() == CatalogLinks::missing)
+            return;
+        Groups byOrder;
+        for (const int child : children) {
             if (hasOrder(check, child))
-                children.push_back(child);
+                byOrder.add(sortOrderOf(check, child), child);
         }
-        const std::vector<int> tie = firstTie(children, [&](int item) { return sortOrderOf(check, item); });
-        if (tie.empty() || all.key() == CatalogLinks::missing)
-            return;
-        const int second = check.links.item(tie[1]).record;
-        CatalogFinding *finding = check.add(Fault(Rule::EqualSortOrders, placeOf(check.catalog, second)));
-        if (!finding)
-            return;
-        finding->message =
-            QStringLiteral("%1 children of %2 have sort order %3; their order is left to chance")
-                .arg(QString::number(tie.size()), itemName(check, int(all.key())),
-                     QString::number(sortOrderOf(check, tie[1])));
-        finding->hint = QStringLiteral("number them in steps of 10");
-        FindingReport::relate(*finding, placeOf(check.catalog, check.links.item(tie[0]).record),
-                              QStringLiteral("the first of them"));
+        byOrder.sort();
+        byOrder.forEach([&](const Groups::Members &tie) {
+            if (tie.size() > 1)
+                tellEqualSortOrders(check, int(children.key()), tie);
+        });
     });
 }
 
