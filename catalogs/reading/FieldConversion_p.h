@@ -10,19 +10,30 @@
 
 namespace Orvida::Catalogs {
 
-inline int toInt(const QStringRef &text)
+inline int toInt(const QStringRef &text, bool *isNumber = nullptr)
 {
-    return text.toInt();
+    return text.toInt(isNumber);
 }
 
-inline qint64 toInt64(const QStringRef &text)
+inline qint64 toInt64(const QStringRef &text, bool *isNumber = nullptr)
 {
-    return text.toLongLong();
+    return text.toLongLong(isNumber);
 }
 
 inline bool toBool(const QStringRef &text)
 {
     return Shared::DataConverter::stringToBool(text);
+}
+
+/// What toBool() gives, without the log message that the host writes for a text that is no boolean.
+inline bool isTrue(const QStringRef &text)
+{
+    return text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0;
+}
+
+inline bool isBool(const QStringRef &text)
+{
+    return isTrue(text) || text.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0;
 }
 
 inline QFlags<CatalogItem::TypeFlag> toTypeFlags(const QStringRef &text)

@@ -1,0 +1,15 @@
+// Rules on profiles, and on the marks that choose one. For the checker's own use.
+#pragma once
+
+namespace Orvida::Checking {
+
+class Check;
+
+/// Whether the file has fields and no profile, not even a lost one. Then nothing else is told of profiles.
+bool hasNoProfile(const Check &check);
+
+void findNoProfile(Check &check);
+void findMarks(Check &check);
+void findProfilesWithoutColumns(Check &check);
+
+} // namespace Orvida::Checking
