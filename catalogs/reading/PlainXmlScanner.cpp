@@ -168,9 +168,9 @@ bool takeAttributes(const uchar *&at)
         if (*at == '>' || *at == '/')
             return true;
         const std::string_view before = viewOf(begin, at);
-        const std::string_view name = takeName(at);
-        if (!(kinds[begin[before.size() - 1]] & Space) || name.empty() || name == "xmlns"
-            || before.find(name) != std::string_view::npos || !takeBytes(at, "=") || !takeQuoted(at, value))
+        const std::string_view name = kinds[at[-1]] & Space ? takeName(at) : std::string_view();
+        if (name.empty() || name == "xmlns" || before.find(name) != before.npos || !takeBytes(at, "=")
+            || !takeQuoted(at, value))
             return false;
     }
     return false;
