@@ -169,8 +169,8 @@ bool takeAttributes(const uchar *&at)
             return true;
         const std::string_view before = viewOf(begin, at);
         const std::string_view name = kinds[at[-1]] & Space ? takeName(at) : std::string_view();
-        if (name.empty() || name == "xmlns" || before.find(name) != before.npos || !takeBytes(at, "=")
-            || !takeQuoted(at, value))
+        if (name.empty() || name == "xmlns" || before.find(name) != std::string_view::npos
+            || !takeBytes(at, "=") || !takeQuoted(at, value))
             return false;
     }
     return false;

@@ -77,6 +77,11 @@ public:
     /// The items inside the tree, from the top down.
     const std::vector<int> &treeOrder() const { return m_treeOrder; }
     bool isAbove(int upper, int lower) const;
+    /// Whether an item, or the root, is inside the tree.
+    bool isInTree(int item) const
+    {
+        return item == root || (item >= 0 && m_items[std::size_t(item)].brokenAt < 0);
+    }
     /// How many items hang from an item outside the tree, or from the loop that it is in.
     int brokenBelow(int item) const { return m_brokenBelow.of(item).size(); }
     /// By their first items in the file, in the order of the loop.

@@ -23,7 +23,7 @@ constexpr int mostIncidents = 50000;
 constexpr int longestShown = 80;
 constexpr std::size_t mostOpenElements = 5;
 constexpr std::size_t tokenCount = 32;
-constexpr QLatin1String directiveStart("check:");
+constexpr QLatin1String directiveStart("check:", 6);
 
 bool isRecord(Section section)
 {
@@ -356,7 +356,8 @@ void CatalogLocator::addValue(int field)
 {
     Open &element = m_stack.back();
     element.hasPiece = true;
-    element.pieceEnd = here();
+    // All that comes out of an entity is in one place, and nothing is read ahead there.
+    element.pieceEnd = std::max(here(), element.start);
     element.cutter = 0;
     LocatedField value;
     value.token = quint8(field);
@@ -380,7 +381,9 @@ Symbol CatalogLocator::scrambledValue(const QStringRef &text)
         ++m_catalog.clearCount;
         m_clearField = m_clearField < 0 ? index : m_clearField;
     }
-    if (!isScrambled || !isWholeText(decoded, text.length() / 2))
+    // A zero byte alone is how some write an empty text.
+    const bool isEmpty = text == QLatin1String("00");
+    if (!isScrambled || (!isEmpty && !isWholeText(decoded, text.length() / 2)))
         m_oddTexts.push_back({index, m_catalog.texts.symbol(text)});
     return m_catalog.texts.symbol(decoded);
 }

@@ -86,6 +86,8 @@ void findPaddedCaptions(Check &check)
 void findEqualCaptions(Check &check)
 {
     check.links.children().forEach([&](const Groups::Members &children) {
+        if (!check.links.isInTree(int(children.key())))
+            return;
         Groups byCaption;
         for (const int child : children)
             byCaption.add(captionOf(check, check.links.item(child)), child);

@@ -160,7 +160,7 @@ void findControlCharacters(Check &check)
     const auto isWanted = [](QStringView text) { return std::any_of(text.begin(), text.end(), isControl); };
     check.forEachValue(isWanted, [&](int record, const LocatedField &field) {
         if (!check.catalog.format(record, field).isScrambled() || check.catalog.isReadable
-            || check.catalog.record(record).isLost())
+            || check.catalog.record(record).isLost() || !check.catalog.rawText(field).isEmpty())
             return;
         const Place place = placeOf(check.catalog, record, field);
         if (CatalogFinding *finding = check.add(Fault(Rule::ScrambledControl, place))) {

@@ -214,7 +214,7 @@ void tellEqualSortOrders(Check &check, int parent, const Groups::Members &tie)
 void findEqualSortOrders(Check &check)
 {
     check.links.children().forEach([&](const Groups::Members &children) {
-        if (children.key() == CatalogLinks::missing)
+        if (!check.links.isInTree(int(children.key())))
             return;
         Groups byOrder;
         for (const int child : children) {

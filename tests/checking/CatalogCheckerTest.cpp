@@ -1,11 +1,14 @@
-// The rules, by their own examples: each is put into a sound catalog, breaks its rule there and no other, and
-// put right breaks none.
+// The rules, by their own examples and by further cases, put into a sound catalog; and what a check is asked
+// for besides.
 
 #include "checking/CatalogChecker.h"
 
 #include "support/TestSupport.h"
 
+#include <QTextCodec>
 #include <QtTest>
+
+#include <algorithm>
 
 using namespace Orvida::Checking;
 using namespace Orvida::Tests;
@@ -24,23 +27,26 @@ bool isWholeFile(const QString &xml)
            || xml.startsWith(QLatin1String("<OVCAT>")) || xml.startsWith(QLatin1String("<CATALOGS>"));
 }
 
-// "12:7-12:11 error some-rule BASECODE BC_Code BC-1 x2 +3: message (hint) 10:3 related"
-QString lineOf(const CatalogFinding &finding)
+// "12:7 error some-rule x2 +3"
+QString shortLineOf(const CatalogFinding &finding)
 {
     const QString severities[] = {text("error"), text("warning"), text("note")};
-    QString line = text("%1:%2-%3:%4 %5 %6")
-                       .arg(finding.line)
-                       .arg(finding.column)
-                       .arg(finding.endLine)
-                       .arg(finding.endColumn)
-                       .arg(severities[int(finding.severity)], finding.rule);
-    for (const QString &part : {finding.record, finding.field, finding.key})
-        line += QLatin1Char(' ') + (part.isEmpty() ? text("-") : part.simplified());
+    QString line = text("%1:%2 ").arg(finding.line).arg(finding.column) + severities[int(finding.severity)]
+                   + QLatin1Char(' ') + finding.rule;
     if (finding.count != 1)
         line += text(" x%1").arg(finding.count);
     if (finding.affected != 0)
         line += text(" +%1").arg(finding.affected);
-    line += text(": ") + finding.message;
+    return line;
+}
+
+// The same with everything else.
+QString lineOf(const CatalogFinding &finding)
+{
+    QString line = shortLineOf(finding) + text(" to %1:%2").arg(finding.endLine).arg(finding.endColumn);
+    for (const QString &part : {finding.record, finding.field, finding.key})
+        line += QLatin1Char(' ') + (part.isEmpty() ? text("-") : part.simplified());
+    line += text("\n    ") + finding.message;
     if (!finding.hint.isEmpty())
         line += text("\n    ") + finding.hint;
     for (const CatalogRelated &related : finding.related)
@@ -56,31 +62,47 @@ class CatalogCheckerTest : public QObject
 
 private Q_SLOTS:
     void tellsTheExamplesOfItsRules();
-    void findsNothingInExamplesThatArePutRight_data();
-    void findsNothingInExamplesThatArePutRight();
+    void knowsWhatIsRight_data();
+    void knowsWhatIsRight();
+    void findsInCases_data();
+    void findsInCases();
+    void findsNothingInOtherWaysToWriteAFile_data();
+    void findsNothingInOtherWaysToWriteAFile();
+    void tellsWhatIsWrongWithAFile_data();
+    void tellsWhatIsWrongWithAFile();
+    void listsSomeAndCountsAll();
+    void doesWithRulesAsItIsTold();
+    void readsTheReadableFormAsScrambled();
 
 private:
+    QString written(const QString &xml, bool isScrambled) const;
     QVector<CatalogFinding> found(const CatalogRule &rule, const QString &example) const;
 
     CatalogFolder m_folder;
 };
 
+// Path of a file with this text; a piece of one is put into the frame, which is in the form asked for.
+QString CatalogCheckerTest::written(const QString &xml, bool isScrambled) const
+{
+    QByteArray content = xml.toUtf8();
+    if (!isWholeFile(xml)) {
+        const QByteArray frame = contentOf(text("frame.xml")).toUtf8();
+        content = QByteArray(isScrambled ? scrambledForm(frame) : frame).replace("<!-- here -->", content);
+    }
+    return m_folder.write(text("catalog.xml"), content);
+}
+
 // Examples on scrambled texts are in the form that hosts load. Classes in examples have no codes.
 QVector<CatalogFinding> CatalogCheckerTest::found(const CatalogRule &rule, const QString &example) const
 {
     const bool isScrambled = rule.group == text("Scrambled texts");
-    QByteArray xml = example.toUtf8();
-    if (!isWholeFile(example)) {
-        QByteArray frame = contentOf(text("frame.xml")).toUtf8();
-        xml = QByteArray(isScrambled ? scrambledForm(frame) : frame).replace("<!-- here -->", xml);
-    }
     CatalogChecker checker;
     checker.setForm(isScrambled ? CatalogChecker::Form::Scrambled : CatalogChecker::Form::Readable);
     if (rule.id != text("empty-class"))
         checker.setLevel(text("empty-class"), CatalogChecker::Level::Off);
     if (!rule.isOnByDefault)
         checker.setLevel(rule.id, CatalogChecker::Level::Note);
-    checker.check(m_folder.write(text("example.xml"), xml));
+    checker.check(written(example, isScrambled));
     return checker.findings();
 }
 
@@ -90,10 +112,15 @@ void CatalogCheckerTest::tellsTheExamplesOfItsRules()
     QString told;
     for (const CatalogRule &rule : CatalogChecker::rules()) {
         told += text("== ") + rule.id + QLatin1Char('\n');
+        int count = 0;
         for (const CatalogFinding &finding : found(rule, rule.before)) {
-            if (!isWholeFile(rule.before) || finding.rule == rule.id)
+            if (finding.rule == rule.id)
                 told += lineOf(finding);
+            else
+                QVERIFY2(isWholeFile(rule.before), qPrintable(rule.id + text(": ") + lineOf(finding)));
+            count += finding.rule == rule.id;
         }
+        QVERIFY2(count > 0 || rule.before.isEmpty(), qPrintable(rule.id));
     }
     const QString path = QFINDTESTDATA("examples.txt");
     if (qEnvironmentVariableIsSet("ORVIDA_UPDATE")) {
@@ -108,14 +135,14 @@ void CatalogCheckerTest::tellsTheExamplesOfItsRules()
              "Run this test with ORVIDA_UPDATE=1 to rewrite examples.txt, and look at it.");
 }
 
-void CatalogCheckerTest::findsNothingInExamplesThatArePutRight_data()
+void CatalogCheckerTest::knowsWhatIsRight_data()
 {
     QTest::addColumn<int>("index");
     for (int index = 0; index < CatalogChecker::rules().size(); ++index)
         QTest::newRow(qPrintable(CatalogChecker::rules().at(index).id)) << index;
 }
 
-void CatalogCheckerTest::findsNothingInExamplesThatArePutRight()
+void CatalogCheckerTest::knowsWhatIsRight()
 {
     QFETCH(int, index);
     const CatalogRule &rule = CatalogChecker::rules().at(index);
@@ -125,6 +152,168 @@ void CatalogCheckerTest::findsNothingInExamplesThatArePutRight()
             wrong.append(lineOf(finding));
     }
     QCOMPARE(wrong.join(QString()), QString());
+}
+
+void CatalogCheckerTest::findsInCases_data()
+{
+    QTest::addColumn<QString>("xml");
+    QTest::addColumn<bool>("isScrambled");
+    QTest::addColumn<QStringList>("expected");
+    const QStringList cases = contentOf(text("cases.txt")).split(text("\n== "));
+    for (const QString &one : cases.mid(1)) {
+        const QString title = one.section(QLatin1Char('\n'), 0, 0);
+        const QStringList parts = one.section(QLatin1Char('\n'), 1).split(text("\n--\n"));
+        QVERIFY2(parts.size() == 2, qPrintable(title));
+        QTest::newRow(qPrintable(title)) << parts.first() << title.endsWith(text("(scrambled)"))
+                                         << parts.last().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
+}
+
+void CatalogCheckerTest::findsInCases()
+{
+    QFETCH(QString, xml);
+    QFETCH(bool, isScrambled);
+    QFETCH(QStringList, expected);
+    CatalogChecker checker;
+    checker.setForm(isScrambled ? CatalogChecker::Form::Scrambled : CatalogChecker::Form::Readable);
+    checker.setLevel(text("empty-class"), CatalogChecker::Level::Off);
+    checker.check(written(xml, isScrambled));
+    QStringList lines;
+    for (const CatalogFinding &finding : checker.findings())
+        lines.append(shortLineOf(finding));
+    lines.sort();
+    expected.sort();
+    QCOMPARE(lines.join(QLatin1Char('\n')), expected.join(QLatin1Char('\n')));
+}
+
+void CatalogCheckerTest::findsNothingInOtherWaysToWriteAFile_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    const QString frame = QString::fromUtf8(scrambledForm(contentOf(text("frame.xml")).toUtf8()));
+    QTest::newRow("UTF-8 with a mark") << QByteArray("\xEF\xBB\xBF") + frame.toUtf8();
+    QTest::newRow("UTF-16") << QTextCodec::codecForName("UTF-16")->fromUnicode(
+        text("<?xml version='1.0' encoding='UTF-16'?>") + frame);
+    QTest::newRow("CR LF") << QString(frame).replace(text("\n"), text("\r\n")).toUtf8();
+    QTest::newRow("a namespace")
+        << QString(frame).replace(text("<OVCAT>"), text("<OVCAT xmlns='urn:x'>")).toUtf8();
+    QTest::newRow("a prefix") << QString(frame)
+                                     .replace(text("<OVCAT>"), text("<x:OVCAT xmlns:x='urn:x'>"))
+                                     .replace(text("</OVCAT>"), text("</x:OVCAT>"))
+                                     .toUtf8();
+    QTest::newRow("the other root") << QString(frame).replace(text("OVCAT"), text("OVCat")).toUtf8();
+    QTest::newRow("one line") << frame.simplified().toUtf8();
+}
+
+void CatalogCheckerTest::findsNothingInOtherWaysToWriteAFile()
+{
+    QFETCH(QByteArray, content);
+    CatalogChecker checker;
+    const bool isLoading = checker.check(m_folder.write(text("catalog.xml"), content));
+    for (const CatalogFinding &finding : checker.findings())
+        QFAIL(qPrintable(lineOf(finding)));
+    QVERIFY(isLoading);
+}
+
+void CatalogCheckerTest::tellsWhatIsWrongWithAFile_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<QString>("hint");
+    const QByteArray block(20000, '\n');
+    const QString utf8 = text("save the file as UTF-8, or declare its encoding in the first line");
+    QTest::newRow("nothing in it") << QByteArray("") << text("1:1 error not-well-formed")
+                                   << text("there is no XML in it");
+    QTest::newRow("Latin-1") << QByteArray("<OVCAT>\n  <a>\xE9t\xE9</a></OVCAT>")
+                             << text("2:6 error wrong-encoding") << utf8;
+    QTest::newRow("Latin-1 far down")
+        << "<OVCAT>" + block + "\xC3\xA9 \xE9</OVCAT>" << text("20001:3 error wrong-encoding") << utf8;
+    QTest::newRow("cut inside a letter of two bytes, at a block's end")
+        << "<OVCAT>" + QByteArray(65528, ' ') + "\xC3 </OVCAT>" << text("1:65536 error wrong-encoding")
+        << utf8;
+    QTest::newRow("an end tag too few")
+        << QByteArray("<OVCAT>\n<CLASS>\n<CLASS_PK>C</CLASS>") << text("3:20 error not-well-formed")
+        << text("the open element is <CLASS_PK> from line 3");
+    QTest::newRow("cut off")
+        << QByteArray("<OVCAT>\n<CLASS>\n<CLASS_PK>C</CLASS_PK>") << text("3:23 error not-well-formed")
+        << text("the file is cut off, or end tags are missing: open are <CLASS> from line 2, "
+                "<OVCAT> from line 1");
+    QTest::newRow("a comment with hyphens")
+        << QByteArray("<OVCAT><!-- a -- b --></OVCAT>") << text("1:18 error not-well-formed")
+        << text("in a comment, two hyphens may not stand side by side");
+}
+
+void CatalogCheckerTest::tellsWhatIsWrongWithAFile()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, expected);
+    QFETCH(QString, hint);
+    CatalogChecker checker;
+    QVERIFY(!checker.check(m_folder.write(text("catalog.xml"), content)));
+    QVERIFY(!checker.findings().isEmpty());
+    const auto first =
+        std::find_if(checker.findings().begin(), checker.findings().end(),
+                     [](const auto &finding) { return CatalogChecker::rule(finding.rule)->refuses; });
+    QCOMPARE(shortLineOf(*first), expected);
+    QCOMPARE(first->hint, hint);
+}
+
+void CatalogCheckerTest::listsSomeAndCountsAll()
+{
+    QByteArray records;
+    for (int number = 0; number < 250; ++number)
+        records += "<CHAREXT><CE_PK>" + QByteArray::number(number) + "</CE_PK></CHAREXT>\n";
+    const QString path = m_folder.write(text("catalog.xml"), catalogXml(records));
+    const auto listed = [](const CatalogChecker &checker) {
+        return std::count_if(
+            checker.findings().begin(), checker.findings().end(),
+            [](const CatalogFinding &finding) { return finding.rule == text("extension-without-parent"); });
+    };
+    CatalogChecker checker;
+    QVERIFY(checker.check(path));
+    QCOMPARE(listed(checker), 100);
+    QCOMPARE(checker.totals(text("extension-without-parent")).findings, 250);
+    QCOMPARE(checker.count(CatalogSeverity::Error), 0);
+    QCOMPARE(checker.count(CatalogSeverity::Warning), 500); // and no captions
+    checker.setFindingsPerRule(0);
+    checker.check(path);
+    QCOMPARE(listed(checker), 250);
+}
+
+void CatalogCheckerTest::doesWithRulesAsItIsTold()
+{
+    const QString path = written(text("<NOTES/>"), false);
+    const QString rule = text("unknown-record");
+    CatalogChecker checker;
+    checker.setForm(CatalogChecker::Form::Readable);
+    QVERIFY(!checker.setLevel(text("missing-key"), CatalogChecker::Level::Off));
+    QVERIFY(!checker.setLevel(text("no-such-rule"), CatalogChecker::Level::Off));
+    QVERIFY(checker.setLevel(rule, CatalogChecker::Level::Error));
+    QVERIFY(checker.check(path));
+    QCOMPARE(checker.count(CatalogSeverity::Error), 1);
+    QCOMPARE(checker.findings().first().severity, CatalogSeverity::Error);
+    QVERIFY(checker.setLevel(rule, CatalogChecker::Level::Off));
+    QVERIFY(checker.check(path));
+    QCOMPARE(checker.findings().size(), 0);
+    QCOMPARE(checker.totals(rule).occurrences, 1);
+}
+
+// What an author checks is what is scrambled for hosts: the same findings, in other columns.
+void CatalogCheckerTest::readsTheReadableFormAsScrambled()
+{
+    const QByteArray readable = QByteArray(contentOf(text("frame.xml")).toUtf8())
+                                    .replace("<BC_Class_FK>CL-LINING", "<BC_Class_FK>CL-X");
+    CatalogChecker checker;
+    const auto rulesIn = [&](const QByteArray &content, CatalogChecker::Form form) {
+        QStringList rules;
+        checker.setForm(form);
+        checker.check(m_folder.write(text("catalog.xml"), content));
+        for (const CatalogFinding &finding : checker.findings())
+            rules.append(text("%1 ").arg(finding.line) + finding.rule + finding.message);
+        return rules;
+    };
+    const QStringList rules = rulesIn(readable, CatalogChecker::Form::Readable);
+    QCOMPARE(rulesIn(scrambledForm(readable), CatalogChecker::Form::Scrambled), rules);
+    QVERIFY(!rules.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(CatalogCheckerTest)

@@ -31,13 +31,21 @@ QByteArray smallCatalog()
 {
     return "<?xml version='1.0'?><!DOCTYPE OVCAT [<!ENTITY e 'x'>]>"
            + catalogXml(
-               recordsFrom("CATPRO PK=P\nCPX PK=1;Profile_FK=P;IsStart=true\n"
-                           "COL Profile_FK=P;Column_ID=K;DataType=TXT;Visible=1\n"
-                           "LC PK=L;Profile_FK=P;Class_ID=V\nLIST Class_FK=L\nCLASS PK=C\n"
-                           "BASECODE PK=B;Class_FK=C;Code=B\nCHAREXT PK=D;CharExt_REF=D\n"
-                           "CHAREXT PK=E;BaseCode_FK=F\nPARAM PK=Q;DataType=DEC\n"
-                           "PARAMX PK=1;BaseCode_FK=B;Param_FK=Q;Column_ID=K;ListClass_ID=V\n"
-                           "PARAMX PK=2;CharExt_FK=X")
+               scrambledForm(
+                   "<CATPRO><PRO_PK>P</PRO_PK></CATPRO>"
+                   "<CPX><CPX_PK>1</CPX_PK><CPX_Profile_FK>P</CPX_Profile_FK><CPX_IsStart>true</"
+                   "CPX_IsStart></CPX>"
+                   "<COL><COL_Profile_FK>P</COL_Profile_FK><COL_Column_ID>K</COL_Column_ID>"
+                   "<COL_DataType>TXT</COL_DataType><COL_Visible>1</COL_Visible></COL>"
+                   "<LC><LC_PK>L</LC_PK><LC_Profile_FK>P</LC_Profile_FK><LC_Class_ID>V</LC_Class_ID></LC>"
+                   "<LIST><LIST_Class_FK>L</LIST_Class_FK></LIST><CLASS><CLASS_PK>C</CLASS_PK></CLASS>"
+                   "<BASECODE><BC_PK>B</BC_PK><BC_Class_FK>C</BC_Class_FK><BC_Code>B</BC_Code></BASECODE>"
+                   "<CHAREXT><CE_PK>D</CE_PK><CE_CharExt_REF>D</CE_CharExt_REF></CHAREXT>"
+                   "<CHAREXT><CE_PK>E</CE_PK><CE_BaseCode_FK>F</CE_BaseCode_FK></CHAREXT>"
+                   "<PARAM><PARAM_PK>Q</PARAM_PK><PARAM_DataType>DEC</PARAM_DataType></PARAM>"
+                   "<PARAMX><PX_PK>1</PX_PK><PX_BaseCode_FK>B</PX_BaseCode_FK><PX_Param_FK>Q</PX_Param_FK>"
+                   "<PX_Column_ID>K</PX_Column_ID><PX_ListClass_ID>V</PX_ListClass_ID></PARAMX>"
+                   "<PARAMX><PX_PK>2</PX_PK><PX_CharExt_FK>X</PX_CharExt_FK></PARAMX>")
                + "<!-- check: off no-item -->&e;<CLASS><CLASS_PK>&e;<b/><![CDATA[y]]></CLASS_PK></CLASS>");
 }
 
