@@ -6,6 +6,12 @@ namespace Orvida::Tools {
 
 namespace {
 
+// Whether `json` holds a byte with which such a character begins in UTF-8. Most texts hold none.
+bool mayHaveSteering(const QByteArray &json)
+{
+    return json.contains('\x7F') || json.contains('\xC2') || json.contains('\xE2');
+}
+
 // JSON itself only asks for the control characters of ASCII to be escaped. All others that stand in a JSON
 // text stand in one of its strings.
 QString withoutSteering(const QString &json)
@@ -42,7 +48,7 @@ QByteArray jsonText(const QJsonObject &object, QJsonDocument::JsonFormat format,
         json.chop(1);
     if (margin > 0 && format == QJsonDocument::Indented)
         json.replace("\n", '\n' + QByteArray(margin, ' '));
-    return withoutSteering(QString::fromUtf8(json)).toUtf8();
+    return mayHaveSteering(json) ? withoutSteering(QString::fromUtf8(json)).toUtf8() : json;
 }
 
 } // namespace Orvida::Tools

@@ -11,6 +11,38 @@
 
 namespace Orvida::Tools {
 
+namespace {
+
+// Standard input or output.
+const QString stream = QStringLiteral("-");
+
+// Whole or not at all: a file that is there stays as it is until the new one is complete.
+QString errorOfReplacing(const QString &name, const QByteArray &document)
+{
+    QSaveFile file(name);
+    const bool isWritten =
+        file.open(QIODevice::WriteOnly) && file.write(document) == document.size() && file.commit();
+    return isWritten ? QString() : errorTextOf(file);
+}
+
+// What is special is written into: replaced, it would be gone.
+QString errorOfWriting(const QString &name, const QByteArray &document)
+{
+    QFile file(name);
+    const bool isWritten =
+        file.open(QIODevice::WriteOnly) && file.write(document) == document.size() && file.flush();
+    return isWritten ? QString() : errorTextOf(file);
+}
+
+// A device or a pipe.
+bool isSpecial(const QString &name)
+{
+    const QFileInfo place(name);
+    return place.exists() && !place.isFile() && !place.isDir();
+}
+
+} // namespace
+
 FormCommand::FormCommand(TextForm target)
     : Command(target == TextForm::Scrambled ? "scramble" : "unscramble",
               target == TextForm::Scrambled ? "Make the form that hosts load of a readable catalog file."
@@ -34,13 +66,9 @@ void FormCommand::addOptions(CLI::App &command)
 
 int FormCommand::run()
 {
-    if (m_isInPlace && m_fileName == QLatin1String("-")) {
-        printMessage(QStringLiteral("standard input cannot be written over; leave --in-place out"));
-        return WrongUsage;
-    }
-    if (isOutputTheInput()) {
-        printMessage(
-            QStringLiteral("%1 is the input itself; to write over it, use --in-place").arg(*m_output));
+    const QString error = usageError();
+    if (!error.isEmpty()) {
+        printMessage(error);
         return WrongUsage;
     }
     InputFile input(m_fileName);
@@ -60,11 +88,17 @@ int FormCommand::run()
     return write(document, status);
 }
 
-bool FormCommand::isOutputTheInput() const
+// What is wrong with where the document is to go; empty when all is well.
+QString FormCommand::usageError() const
 {
-    const QFileInfo output(m_output.value_or(QString()));
-    return m_output && output.exists()
-           && output.canonicalFilePath() == QFileInfo(m_fileName).canonicalFilePath();
+    if (m_isInPlace && (m_fileName == stream || isSpecial(m_fileName)))
+        return QStringLiteral("%1 cannot be written over; leave --in-place out").arg(m_fileName);
+    if (!m_output || *m_output == stream || m_fileName == stream)
+        return QString();
+    const QString output = QFileInfo(*m_output).canonicalFilePath();
+    if (output.isEmpty() || output != QFileInfo(m_fileName).canonicalFilePath())
+        return QString();
+    return QStringLiteral("%1 is the input itself; to write over it, use --in-place").arg(*m_output);
 }
 
 bool FormCommand::refuses(const FormChange &change, const QString &name) const
@@ -99,17 +133,17 @@ QByteArray FormCommand::changed(const FormChange &change, const QString &name, i
 
 int FormCommand::write(const QByteArray &document, int status) const
 {
-    const QString name = m_isInPlace ? m_fileName : m_output.value_or(QStringLiteral("-"));
-    if (name == QLatin1String("-")) {
+    const QString name = m_isInPlace ? m_fileName : m_output.value_or(stream);
+    if (name == stream) {
         CommandOutput output;
         output.write(document);
         return output.finish(status);
     }
-    // Whole or not at all: a file that is there stays as it is until the new one is complete.
-    QSaveFile file(name);
-    if (file.open(QIODevice::WriteOnly) && file.write(document) == document.size() && file.commit())
+    const QString errorText =
+        isSpecial(name) ? errorOfWriting(name, document) : errorOfReplacing(name, document);
+    if (errorText.isEmpty())
         return status;
-    printError(name, {}, QStringLiteral("cannot write the file: ") + errorTextOf(file));
+    printError(name, {}, QStringLiteral("cannot write the file: ") + errorText);
     return NotReadable;
 }
 

@@ -21,7 +21,7 @@ public:
 
 private:
     void addOptions(CLI::App &command) override;
-    bool isOutputTheInput() const;
+    QString usageError() const;
     bool refuses(const FormChange &change, const QString &name) const;
     QByteArray changed(const FormChange &change, const QString &name, int &status) const;
     int write(const QByteArray &document, int status) const;
