@@ -1,7 +1,9 @@
 // The same files through other readers: what a host's developer would do without the library (a document tree
-// of Qt's, and the catalog's tree built from it), and bare passes of other parsers as signposts.
+// of Qt's, and the catalog's tree built from it), the library's own steps after other parsers, and bare
+// passes of these as signposts.
 #include "benchmarks/BenchmarkFiles.h"
 #include "benchmarks/DomCatalog.h"
+#include "benchmarks/OtherCatalogs.h"
 
 #include <QFile>
 
@@ -27,6 +29,35 @@ void domCatalog(benchmark::State &state)
         items.clear();
         state.ResumeTiming();
     }
+}
+
+void measureCatalog(benchmark::State &state, Orvida::Catalogs::CatalogSptr (*load)(const QString &),
+                    bool isSame)
+{
+    if (!isSame)
+        return state.SkipWithError("not the catalog that the library loads");
+    const QString path = catalogFile(state.range(0));
+    for (auto _ : state) {
+        auto catalog = load(path);
+        if (!catalog->IsValid())
+            state.SkipWithError("cannot load");
+        state.PauseTiming();
+        catalog.reset();
+        state.ResumeTiming();
+    }
+    state.SetBytesProcessed(state.iterations() * state.range(0));
+}
+
+void pugixmlCatalog(benchmark::State &state)
+{
+    static const bool isSame = isSameAsLoaded(loadPugixmlCatalog, catalogFile(1000000));
+    measureCatalog(state, loadPugixmlCatalog, isSame);
+}
+
+void libxml2SaxCatalog(benchmark::State &state)
+{
+    static const bool isSame = isSameAsLoaded(loadLibxml2SaxCatalog, catalogFile(1000000));
+    measureCatalog(state, loadLibxml2SaxCatalog, isSame);
 }
 
 void pugixmlParse(benchmark::State &state)
@@ -75,6 +106,8 @@ void libxml2ReaderPass(benchmark::State &state)
 #define ORVIDA_SIZE ->Arg(10000000)->Unit(benchmark::kMillisecond)
 
 BENCHMARK(domCatalog) ORVIDA_SIZE;
+BENCHMARK(pugixmlCatalog)->Arg(1000000) ORVIDA_SIZE;
+BENCHMARK(libxml2SaxCatalog)->Arg(1000000) ORVIDA_SIZE;
 BENCHMARK(pugixmlParse) ORVIDA_SIZE;
 BENCHMARK(expatPass) ORVIDA_SIZE;
 BENCHMARK(libxml2ReaderPass) ORVIDA_SIZE;

@@ -15,6 +15,8 @@ TEN = "10000000"
 RATIOS = [
     ("whole load / bare pass", f"loadCatalog/{TEN}", f"barePass/{TEN}", 1),
     ("reading / bare pass", f"readFile/{TEN}", f"barePass/{TEN}", 1),
+    ("pugixml and tree / whole load", f"pugixmlCatalog/{TEN}", f"loadCatalog/{TEN}", 1),
+    ("libxml2 SAX and tree / whole load", f"libxml2SaxCatalog/{TEN}", f"loadCatalog/{TEN}", 1),
     ("load with log / whole load", f"loadCatalogWithLog/{TEN}", f"loadCatalog/{TEN}", 1),
     ("document tree / whole load", f"domCatalog/{TEN}", f"loadCatalog/{TEN}", 1),
     ("first fields / whole load", f"firstFields/{TEN}", f"loadCatalog/{TEN}", 1),
@@ -28,4 +30,4 @@ RATIOS = [
 print("\nRatios of medians:")
 for title, above, below, divisor in RATIOS:
     if above in MEDIANS and below in MEDIANS:
-        print(f"  {title:<32} {MEDIANS[above] / MEDIANS[below] / divisor:6.2f}")
+        print(f"  {title:<34} {MEDIANS[above] / MEDIANS[below] / divisor:6.2f}")
