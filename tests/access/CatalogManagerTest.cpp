@@ -86,7 +86,7 @@ private:
     CatalogFolder m_folder;
 };
 
-// Stands before any test that registers the types of the parameters.
+// Must run first: later tests register the types of the parameters.
 void CatalogManagerTest::describesItsSignals()
 {
     const QMetaObject *meta = manager().metaObject();

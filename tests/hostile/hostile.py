@@ -140,7 +140,7 @@ FILES = [
 
 
 def sparse(folder, beginning):
-    """A file that goes on with 4 GB of zeros."""
+    """A file that continues with 4 GB of zeros."""
     path = os.path.join(folder, 'sparse.xml')
     with open(path, 'w') as file:
         file.write(beginning)
@@ -185,9 +185,9 @@ PATHS = [
     ('name of 5,000 letters', lambda folder: os.path.join(folder, 'x' * 5000), 0, 0),
     ('name of several lines', lambda folder: os.path.join(folder, 'a\nb'), 0, 0),
     ('no name', lambda folder: '', 0, 0),
-    ('pipe whose writer goes at the end', lambda folder: pipe(folder, 'end', GOOD), 2, None),
-    ('pipe whose writer goes in the middle', lambda folder: pipe(folder, 'middle', GOOD[:-10]), 0, None),
-    ('pipe whose writer goes at once', lambda folder: pipe(folder, 'at once', ''), 0, None),
+    ('pipe whose writer closes it at the end', lambda folder: pipe(folder, 'end', GOOD), 2, None),
+    ('pipe whose writer closes it in the middle', lambda folder: pipe(folder, 'middle', GOOD[:-10]), 0, None),
+    ('pipe whose writer closes it at once', lambda folder: pipe(folder, 'at once', ''), 0, None),
 ]
 
 

@@ -1,5 +1,5 @@
 // Catalog items as hosts fill and keep them: what is added late, whose fields are whose, and what is left
-// when items or catalogs go. What files make of items is in catalogs/.
+// when items or catalogs are destroyed. What files make of items is in catalogs/.
 
 #include "catalogs/model/Catalog.h"
 

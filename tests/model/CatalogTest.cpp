@@ -89,7 +89,7 @@ void CatalogTest::choosesWhoAnswersForACode()
     QVERIFY2(ahead > 0 && ahead < 100, qPrintable(QString::number(ahead)));
 }
 
-// Linked twice, all children are there twice, and a loop that has gone from the parent ids is still there.
+// Linked twice, all children are there twice, and a loop that the parent ids no longer have is still there.
 void CatalogTest::opensLoopsInOnePlaceWhenItGoes()
 {
     constexpr int loops = 3;
@@ -106,15 +106,15 @@ void CatalogTest::opensLoopsInOnePlaceWhenItGoes()
         QVERIFY(!item->catalog());
         children += item->getChildItems().size();
     }
-    // The child that closes a loop has gone from its parent as often as it was there; z is a child of the
-    // root, too.
+    // The child that closes a loop was removed from its parent, however often it was there; z is a child of
+    // the root, too.
     QCOMPARE(children, 3 * (kept.size() - 1 - loops) + 1);
     kept.clear();
     for (const auto &item : weak)
         QVERIFY(!item);
 }
 
-// A look-up before the linking leaves one behind. Its child is an orphan like any other.
+// A look-up before the linking adds one. Its child is an orphan like any other.
 void CatalogTest::passesOverEmptyPointers()
 {
     const CatalogSptr catalog = makeCatalog(text("C:"));

@@ -20,7 +20,7 @@ static std::atomic<qint64> readableBytes{-1};
 // What happens then: EIO for good, EINTR once, or no error, but the file loses what was not read yet.
 static std::atomic<int> mishap{EIO};
 
-// Stands before the C library's own, for Qt as well: no file system breaks when a test wants it to.
+// Replaces the C library's own, for Qt as well: no file system breaks when a test wants it to.
 extern "C" ssize_t read(int file, void *buffer, size_t size)
 {
     if (readableBytes == 0) {
@@ -107,7 +107,7 @@ void CatalogXMLParserTest::tellsWhatFailedAndWhere_data()
     const auto row = [](const char *name, const QByteArray &content, const char *summary) {
         QTest::newRow(name) << content << summary;
     };
-    // A refused record is found right behind its start tag.
+    // A refused record is reported right after its start tag.
     row("record without root", "<CATPRO/>", "refused at 1:10: CATPRO without PRO_PK");
     row("record of several lines", "<OVCAT>\n  <LIST>\n\n</LIST></OVCAT>",
         "refused at 2:9: LIST without LIST_Class_FK");

@@ -18,18 +18,18 @@
 using namespace Orvida::Catalogs;
 using namespace Orvida::Tests;
 
-// The functions below stand before those of the C library, or of a sanitizer, in the whole process.
+// The functions below replace those of the C library, or of a sanitizer, in the whole process.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define BEHIND(function) __interceptor_##function
+#define ORIGINAL(function) __interceptor_##function
 #else
-#define BEHIND(function) __libc_##function
+#define ORIGINAL(function) __libc_##function
 #endif
 
 extern "C" {
-void *BEHIND(malloc)(size_t);
-void *BEHIND(calloc)(size_t, size_t);
-void *BEHIND(realloc)(void *, size_t);
-void BEHIND(free)(void *);
+void *ORIGINAL(malloc)(size_t);
+void *ORIGINAL(calloc)(size_t, size_t);
+void *ORIGINAL(realloc)(void *, size_t);
+void ORIGINAL(free)(void *);
 }
 
 namespace {
@@ -74,21 +74,21 @@ extern "C" {
 
 void *malloc(size_t size)
 {
-    void *block = FailingMemory::fails() ? nullptr : BEHIND(malloc)(size);
+    void *block = FailingMemory::fails() ? nullptr : ORIGINAL(malloc)(size);
     FailingMemory::blocks += block != nullptr;
     return block;
 }
 
 void *calloc(size_t count, size_t size)
 {
-    void *block = FailingMemory::fails() ? nullptr : BEHIND(calloc)(count, size);
+    void *block = FailingMemory::fails() ? nullptr : ORIGINAL(calloc)(count, size);
     FailingMemory::blocks += block != nullptr;
     return block;
 }
 
 void *realloc(void *block, size_t size)
 {
-    void *moved = FailingMemory::fails() ? nullptr : BEHIND(realloc)(block, size);
+    void *moved = FailingMemory::fails() ? nullptr : ORIGINAL(realloc)(block, size);
     FailingMemory::blocks += !block && moved;
     return moved;
 }
@@ -96,7 +96,7 @@ void *realloc(void *block, size_t size)
 void free(void *block)
 {
     FailingMemory::blocks -= block != nullptr;
-    BEHIND(free)(block);
+    ORIGINAL(free)(block);
 }
 
 // The leak checker knows what the dynamic linker takes by its caller, which is now a function above. What Qt
@@ -223,7 +223,7 @@ void OutOfMemoryTest::leavesNothingOfAFailedLoad()
         return manager().getCatalog(ids.at(number))->IsValid();
     };
     const auto askForStyle = [&](int number) { manager().is3DSupportedCatalog(ids.at(number)); };
-    // The first load and the first exception of a process leave things behind for the next ones.
+    // The first load and the first exception of a process leave things for the next ones.
     load(0);
     askForStyle(0);
     lostByQt(forGood);

@@ -68,7 +68,7 @@ private Q_SLOTS:
     void loadEachCatalogOnce();
 };
 
-// Stands first: nobody has asked for the manager yet.
+// Must run first: nobody has asked for the manager yet.
 void ThreadsTest::makeOneManager()
 {
     const auto managers = onManyThreads([](int) { return CatalogManager::instance(); });
@@ -124,7 +124,7 @@ void ThreadsTest::loadEachCatalogOnce()
         QCOMPARE(failed.value(ids.at(number)), isLoadable ? 0 : threadCount);
         const CatalogSptr catalog = manager.getCatalog(ids.at(number));
         QCOMPARE(catalog->IsValid(), isLoadable);
-        // The style stands before the place where a file is cut off.
+        // The style is before the place where a file is cut off.
         expected.insert(number, {isLoadable ? catalog.data() : nullptr, number % 4 == 1});
     }
     QCOMPARE(answers, QVector<Answers>(threadCount, expected));

@@ -14,7 +14,7 @@
 
 namespace Orvida::Tests {
 
-/// A folder with files, removed when it goes.
+/// A folder with files, removed with the object.
 class CatalogFolder
 {
 public:
