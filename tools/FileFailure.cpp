@@ -1,5 +1,9 @@
 #include "tools/FileFailure.h"
 
+#include "catalogs/format/CatalogFormat.h"
+
+#include <algorithm>
+
 namespace Orvida::Tools {
 
 using Catalogs::CatalogReadFailure;
@@ -24,6 +28,19 @@ FileFailure failureOf(const CatalogReadFailure &failure)
     }
     return {position, QStringLiteral("the catalog did not load, but its file reads well now"),
             QStringLiteral("try again")};
+}
+
+// A scrambled key in the clear decodes to something else, often to nothing.
+FileFailure failureOf(const CatalogReadFailure &failure, const QString &otherForm)
+{
+    FileFailure result = failureOf(failure);
+    const QStringList &fields = failure.missingFields;
+    const bool lacksScrambledKey = std::any_of(fields.cbegin(), fields.cend(), [](const QString &field) {
+        return Catalogs::CatalogFormat::isScrambled(field);
+    });
+    if (lacksScrambledKey && !otherForm.isEmpty())
+        result.remedy = otherForm;
+    return result;
 }
 
 FileFailure unreadable(const QString &errorText)

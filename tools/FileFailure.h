@@ -19,6 +19,8 @@ struct FileFailure
 
 /// Of a file that the library does not read.
 FileFailure failureOf(const Catalogs::CatalogReadFailure &failure);
+/// The same of a file that seems to be in the other form, which `otherForm` says; empty when it does not.
+FileFailure failureOf(const Catalogs::CatalogReadFailure &failure, const QString &otherForm);
 
 /// Of a file that cannot be read at all, as the system says in `errorText`.
 FileFailure unreadable(const QString &errorText);

@@ -157,7 +157,8 @@ bool isWordCharacter(QChar character)
     return character.isLetterOrNumber() || character == QLatin1Char('_');
 }
 
-// Placeholders in a text: an at sign that does not follow a letter or digit, with letters, digits or _.
+} // namespace
+
 std::vector<QStringView> placeholdersIn(QStringView text)
 {
     std::vector<QStringView> result;
@@ -172,6 +173,8 @@ std::vector<QStringView> placeholdersIn(QStringView text)
     }
     return result;
 }
+
+namespace {
 
 bool isPlaceholder(QStringView text)
 {

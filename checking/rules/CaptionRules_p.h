@@ -1,9 +1,16 @@
 // Rules on captions, codes and observation texts. For the checker's own use.
 #pragma once
 
+#include <QStringView>
+
+#include <vector>
+
 namespace Orvida::Checking {
 
 class Check;
+
+/// Placeholders in a text: an at sign that does not follow a letter or digit, with letters, digits or _.
+std::vector<QStringView> placeholdersIn(QStringView text);
 
 void findMissingCaptions(Check &check);
 void findPaddedCaptions(Check &check);

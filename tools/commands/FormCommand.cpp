@@ -5,9 +5,9 @@
 #include "tools/InputFile.h"
 #include "tools/Messages.h"
 #include "tools/Options.h"
+#include "tools/OutputFile.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace Orvida::Tools {
 
@@ -15,31 +15,6 @@ namespace {
 
 // Standard input or output.
 const QString stream = QStringLiteral("-");
-
-// Whole or not at all: a file that is there stays as it is until the new one is complete.
-QString errorOfReplacing(const QString &name, const QByteArray &document)
-{
-    QSaveFile file(name);
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) && file.write(document) == document.size() && file.commit();
-    return isWritten ? QString() : errorTextOf(file);
-}
-
-// What is special is written into: replaced, it would be gone.
-QString errorOfWriting(const QString &name, const QByteArray &document)
-{
-    QFile file(name);
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) && file.write(document) == document.size() && file.flush();
-    return isWritten ? QString() : errorTextOf(file);
-}
-
-// A device or a pipe.
-bool isSpecial(const QString &name)
-{
-    const QFileInfo place(name);
-    return place.exists() && !place.isFile() && !place.isDir();
-}
 
 } // namespace
 
@@ -91,7 +66,7 @@ int FormCommand::run()
 // What is wrong with where the document is to go; empty when all is well.
 QString FormCommand::usageError() const
 {
-    if (m_isInPlace && (m_fileName == stream || isSpecial(m_fileName)))
+    if (m_isInPlace && (m_fileName == stream || isSpecialFile(m_fileName)))
         return QStringLiteral("%1 cannot be written over; leave --in-place out").arg(m_fileName);
     if (!m_output || *m_output == stream || m_fileName == stream)
         return QString();
@@ -139,8 +114,7 @@ int FormCommand::write(const QByteArray &document, int status) const
         output.write(document);
         return output.finish(status);
     }
-    const QString errorText =
-        isSpecial(name) ? errorOfWriting(name, document) : errorOfReplacing(name, document);
+    const QString errorText = errorOfWriting(name, document);
     if (errorText.isEmpty())
         return status;
     printError(name, {}, QStringLiteral("cannot write the file: ") + errorText);

@@ -1,0 +1,74 @@
+#include "checking/comparison/UsedLists_p.h"
+
+#include "checking/rules/ListValues_p.h"
+
+namespace Orvida::Checking {
+
+void UsedLists::add(Symbol oldId, Symbol newId, int newItem, const ProfilePairs::Set &profiles)
+{
+    const Edition::Text id = m_pair.oldEdition.common(oldId);
+    if (!m_places.contains(id)) {
+        m_places.insert(id, int(m_lists.size()));
+        m_lists.push_back({oldId, newId, {}});
+    }
+    m_lists[std::size_t(m_places.value(id))].uses.push_back({newItem, &profiles});
+}
+
+const ListRelation &UsedLists::relation(Symbol oldId, Symbol newId)
+{
+    std::shared_ptr<ListRelation> &known = m_relations[pairOf(oldId, newId)];
+    if (!known)
+        known = std::make_shared<ListRelation>(related(oldId, newId));
+    return *known;
+}
+
+int UsedLists::oldRecord(Symbol id, int profile) const
+{
+    return recordOf(m_pair.oldEdition, id, m_pair.profiles.profile(profile).oldSymbol);
+}
+
+int UsedLists::newRecord(Symbol id, int profile) const
+{
+    return recordOf(m_pair.newEdition, id, m_pair.profiles.profile(profile).newSymbol);
+}
+
+int UsedLists::recordOf(const Edition &edition, Symbol id, Symbol profile)
+{
+    const int record = id == 0 ? -1 : edition.links().list(id, profile);
+    return record < 0 || entriesOf(edition.check(), record).isEmpty() ? -1 : record;
+}
+
+ListRelation UsedLists::related(Symbol oldId, Symbol newId) const
+{
+    ListRelation relation;
+    const bool isSameId = m_pair.oldEdition.common(oldId) == m_pair.newEdition.common(newId);
+    for (int profile = 0; profile < int(m_pair.profiles.profiles().size()); ++profile) {
+        const int oldList = m_pair.isCompared(profile) ? oldRecord(oldId, profile) : -1;
+        const int newList = m_pair.isCompared(profile) ? newRecord(newId, profile) : -1;
+        if (oldList < 0 && newList >= 0)
+            relation.attached.push_back(profile);
+        else if (oldList >= 0 && newList < 0)
+            relation.detached.push_back(profile);
+        else if (oldList >= 0 && !isSameId)
+            (losesValues(oldList, newList) ? relation.losing : relation.exchanged).push_back(profile);
+    }
+    return relation;
+}
+
+bool UsedLists::losesValues(int oldList, int newList) const
+{
+    const auto valuesOf = [](const Edition &edition, int list) {
+        std::vector<Edition::Text> values;
+        for (const int entry : entriesOf(edition.check(), list))
+            values.push_back(edition.common(listValue(edition.check(), list, entry)));
+        std::sort(values.begin(), values.end());
+        return values;
+    };
+    const std::vector<Edition::Text> olds = valuesOf(m_pair.oldEdition, oldList);
+    const std::vector<Edition::Text> news = valuesOf(m_pair.newEdition, newList);
+    return std::any_of(olds.begin(), olds.end(), [&](Edition::Text value) {
+        return !std::binary_search(news.begin(), news.end(), value);
+    });
+}
+
+} // namespace Orvida::Checking
