@@ -42,10 +42,8 @@ QJsonObject changeObject(const CatalogChange &change)
                           {QStringLiteral("newText"), jsonOf(change.newText)},
                           {QStringLiteral("oldPlace"), placeObject(change.oldPlace)},
                           {QStringLiteral("newPlace"), placeObject(change.newPlace)}};
-    const std::pair<const char *, const QString *> names[] = {{"code", &change.code},
-                                                             {"column", &change.column},
-                                                             {"list", &change.list},
-                                                             {"value", &change.value}};
+    const std::pair<const char *, const QString *> names[] = {
+        {"code", &change.code}, {"column", &change.column}, {"list", &change.list}, {"value", &change.value}};
     for (const auto &[name, text] : names) {
         if (!text->isEmpty())
             object.insert(QLatin1String(name), *text);
@@ -67,11 +65,12 @@ void printChangeJson(CommandOutput &output, const CatalogComparison &comparison,
     for (int changeClass = 0; changeClass <= int(CatalogChangeClass::Hidden); ++changeClass)
         counts.insert(className(CatalogChangeClass(changeClass)),
                       comparison.count(CatalogChangeClass(changeClass)));
-    output.write("{\n\"old\": "
-                 + jsonText(editionObject(comparison, CatalogComparison::Old, oldName), QJsonDocument::Compact)
-                 + ",\n\"new\": "
-                 + jsonText(editionObject(comparison, CatalogComparison::New, newName), QJsonDocument::Compact)
-                 + ",\n\"counts\": " + jsonText(counts, QJsonDocument::Compact) + ",\n\"changes\": [");
+    output.write(
+        "{\n\"old\": "
+        + jsonText(editionObject(comparison, CatalogComparison::Old, oldName), QJsonDocument::Compact)
+        + ",\n\"new\": "
+        + jsonText(editionObject(comparison, CatalogComparison::New, newName), QJsonDocument::Compact)
+        + ",\n\"counts\": " + jsonText(counts, QJsonDocument::Compact) + ",\n\"changes\": [");
     const char *separator = "\n";
     for (const CatalogChange &change : comparison.changes()) {
         if (change.changeClass == CatalogChangeClass::Hidden && !listsAll)

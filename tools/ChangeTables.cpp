@@ -38,7 +38,8 @@ QByteArray row(const QStringList &texts)
 // Spreadsheets compute what begins with one of these.
 QString guarded(const QString &text)
 {
-    return !text.isEmpty() && QStringLiteral("=+-@\t\r").contains(text.at(0)) ? QLatin1Char('\'') + text : text;
+    return !text.isEmpty() && QStringLiteral("=+-@\t\r").contains(text.at(0)) ? QLatin1Char('\'') + text
+                                                                              : text;
 }
 
 QString number(qint64 value)
@@ -50,7 +51,8 @@ QString number(qint64 value)
 
 QByteArray changeTable(const Checking::CatalogComparison &comparison, bool listsAll)
 {
-    QByteArray table = "class,id,subject,profiles,message,old,new,oldLine,oldColumn,newLine,newColumn,codes\n";
+    QByteArray table =
+        "class,id,subject,profiles,message,old,new,oldLine,oldColumn,newLine,newColumn,codes\n";
     for (const CatalogChange &change : comparison.changes()) {
         if (change.changeClass == CatalogChangeClass::Hidden && !listsAll)
             continue;

@@ -101,12 +101,12 @@ QString ChangeText::summary() const
     const auto named = [](const QString &key, const QString &version) {
         return (key + QLatin1Char(' ') + version).trimmed();
     };
-    QString editions = oldKey == newKey ? named(oldKey, oldVersion)
-                                        : named(oldKey, oldVersion) + QStringLiteral(" → ")
-                                              + named(newKey, newVersion);
+    QString editions = oldKey == newKey
+                           ? named(oldKey, oldVersion)
+                           : named(oldKey, oldVersion) + QStringLiteral(" → ") + named(newKey, newVersion);
     if (oldKey == newKey && oldVersion != newVersion)
-        editions += QStringLiteral(" → ")
-                    + (newVersion.isEmpty() ? QStringLiteral("no version") : newVersion);
+        editions +=
+            QStringLiteral(" → ") + (newVersion.isEmpty() ? QStringLiteral("no version") : newVersion);
     return (editions.isEmpty() ? QStringLiteral("catalog") : editions) + QStringLiteral(": ")
            + counts.join(QStringLiteral(", "));
 }
@@ -117,8 +117,9 @@ void ChangeText::printErrors()
         const int count = m_comparison.errorCount(edition);
         if (count > 0)
             m_out << OutputStyle::singleLine(
-                QStringLiteral("%1 has %2, which `check` tells: what does not load as written is not compared as "
-                               "written")
+                QStringLiteral(
+                    "%1 has %2, which `check` tells: what does not load as written is not compared as "
+                    "written")
                     .arg(edition == CatalogComparison::Old ? m_oldLabel : m_newLabel,
                          counted(count, "error", "errors")))
                   << '\n';
@@ -144,7 +145,7 @@ QString ChangeText::lineOf(const CatalogChange &change, int width) const
 {
     const QString subject = OutputStyle::singleLine(change.subject);
     QString text = change.message + profilesText(change);
-    if (!change.list.isEmpty() && change.code.isEmpty())
+    if (!change.list.isEmpty() && change.codeCount > 0)
         text += QStringLiteral("; used by ") + counted(change.codeCount, "code", "codes");
     return QStringLiteral("  ") + m_style.code(subject)
            + QString(std::max(0, width - subject.size()) + 2, QLatin1Char(' '))

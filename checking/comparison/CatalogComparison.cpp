@@ -52,10 +52,11 @@ void sortRenames(QVector<CatalogRename> &renames)
         return std::tie(rename.kind, rename.profile, rename.list, rename.oldName, rename.newName,
                         rename.certainty);
     };
-    std::sort(renames.begin(), renames.end(), [&](const CatalogRename &a, const CatalogRename &b) {
-        return orderOf(a) < orderOf(b);
-    });
-    const auto isSame = [&](const CatalogRename &a, const CatalogRename &b) { return orderOf(a) == orderOf(b); };
+    std::sort(renames.begin(), renames.end(),
+              [&](const CatalogRename &a, const CatalogRename &b) { return orderOf(a) < orderOf(b); });
+    const auto isSame = [&](const CatalogRename &a, const CatalogRename &b) {
+        return orderOf(a) == orderOf(b);
+    };
     renames.erase(std::unique(renames.begin(), renames.end(), isSame), renames.end());
 }
 
@@ -114,10 +115,8 @@ bool CatalogComparison::compare(const QString &oldFileName, const QString &newFi
     m_private->changes.clear();
     m_private->renames.clear();
     auto &[oldFacts, newFacts] = m_private->facts;
-    Reading oldReading =
-        readCatalogFile(oldFileName, oldFacts.form == CatalogChecker::Form::Readable);
-    Reading newReading =
-        readCatalogFile(newFileName, newFacts.form == CatalogChecker::Form::Readable);
+    Reading oldReading = readCatalogFile(oldFileName, oldFacts.form == CatalogChecker::Form::Readable);
+    Reading newReading = readCatalogFile(newFileName, newFacts.form == CatalogChecker::Form::Readable);
     oldFacts.failure = failureOf(oldReading);
     newFacts.failure = failureOf(newReading);
     if (oldFacts.failure.reason != CatalogReadFailure::None

@@ -43,7 +43,8 @@ constexpr std::array<ChangeRow, std::size_t(Change::Count)> rows = {{
     {Change::CodeRemoved, "code-removed", breaking,
      "a code is gone",
      "No item has the code, and none was recognised as the same under another code; or one of several items with "
-     "one code is gone. Recorded observations with it mean nothing any more. Its fields are not reported besides."},
+     "one code is gone. Recorded observations with it mean nothing any more. For review when it is an item without "
+     "code, such as a class. Its fields are not reported besides."},
     {Change::CodeRenamed, "code-renamed", breaking,
      "an item has another code",
      "The old code is gone, and an item with a new one has the same key, or the same caption and parent, or the same "
@@ -52,7 +53,7 @@ constexpr std::array<ChangeRow, std::size_t(Change::Count)> rows = {{
      "an item perhaps has another code",
      "The old code is gone, and under the same parent there is a new one with a caption that is similar by at least 75 "
      "percent, or with the same columns and the same observation text but for the words of its caption. The pair goes "
-     "into the map only when weak pairs are asked for."},
+     "into the map only when weak pairs are asked for. For review when neither item has a code."},
     {Change::CodeReused, "code-reused", breaking,
      "a code means something else now",
      "Key, caption and parent of the item with this code have all changed, the caption by more than 60 percent. "

@@ -62,10 +62,9 @@ void ColumnComparison::compareExportId()
     const Edition::Text after = m_pair.newEdition.value(m_newRecord, ColumnToken::COL_Export_ID);
     if (before == after)
         return;
-    ChangeDraft &draft =
-        add(after == 0 ? Change::ExportIdRemoved : Change::ExportIdChanged,
-            before == 0 ? CatalogChangeClass::Addition : CatalogChangeClass::Breaking,
-            ColumnToken::COL_Export_ID);
+    ChangeDraft &draft = add(after == 0 ? Change::ExportIdRemoved : Change::ExportIdChanged,
+                             before == 0 ? CatalogChangeClass::Addition : CatalogChangeClass::Breaking,
+                             ColumnToken::COL_Export_ID);
     draft.told.message = QStringLiteral("export id ") + fromTo(draft.told.oldText, draft.told.newText);
 }
 

@@ -26,8 +26,7 @@ void ColumnRelations::addRenames(EditionPair &pair) const
     }
     for (const auto &[place, newColumn] : newColumns) {
         const auto [profile, oldColumn] = place;
-        if (newColumn != several
-            && pair.oldEdition.common(oldColumn) != pair.newEdition.common(newColumn))
+        if (newColumn != several && pair.oldEdition.common(oldColumn) != pair.newEdition.common(newColumn))
             pair.addRename(CatalogRename::Column, CatalogRename::Certain,
                            pair.oldEdition.text(oldColumn).toString(),
                            pair.newEdition.text(newColumn).toString(), profile);

@@ -19,8 +19,6 @@ FindingReport::Settings errorSettings()
     return settings;
 }
 
-const std::optional<ClearTexts> noClearTexts;
-
 // Spreads a number over all bits, so that sums of such numbers tell sets apart.
 quint64 spread(quint64 number)
 {
@@ -38,7 +36,7 @@ Edition::Edition(const QString &fileName, Reading &&reading, const Edition *old)
       m_links(m_reading.catalog),
       m_settings(errorSettings()),
       m_report(m_reading.catalog, m_settings),
-      m_check(m_fileName, m_reading.fault, noClearTexts, m_reading.catalog, m_links, m_report)
+      m_check(m_fileName, m_reading.fault, m_clearTexts, m_reading.catalog, m_links, m_report)
 {
     askRules(m_check);
     m_report.finish();
@@ -101,8 +99,9 @@ void Edition::orderItems()
     }
     std::vector<int> outside(m_items.size());
     std::iota(outside.begin(), outside.end(), 0);
-    outside.erase(std::remove_if(outside.begin(), outside.end(), [this](int index) { return isInTree(index); }),
-                  outside.end());
+    outside.erase(
+        std::remove_if(outside.begin(), outside.end(), [this](int index) { return isInTree(index); }),
+        outside.end());
     std::sort(outside.begin(), outside.end(), [this](int a, int b) { return isBefore(a, b); });
     for (const int index : outside) {
         m_items[std::size_t(index)].position = position;

@@ -65,8 +65,10 @@ ChangeDraft &EditionPair::addToItem(Change change, CatalogChangeClass changeClas
     ChangeDraft &draft = report.add(change, changeClass);
     const bool isGone = newItem == CatalogLinks::missing;
     draft.place = isGone ? placeOfRemoved(oldItem) : placeOfNew(newItem);
-    draft.told.code = isGone ? oldEdition.nameOf(oldItem) : newEdition.nameOf(newItem);
-    draft.told.subject = shown(draft.told.code);
+    const QString name = isGone ? oldEdition.nameOf(oldItem) : newEdition.nameOf(newItem);
+    if (newItem != CatalogLinks::root)
+        draft.told.code = name;
+    draft.told.subject = shown(name);
     if (oldItem != CatalogLinks::missing)
         draft.told.oldPlace = oldEdition.placeOf(oldEdition.recordOf(oldItem));
     if (!isGone)

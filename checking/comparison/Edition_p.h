@@ -48,10 +48,7 @@ public:
     const Check &check() const { return m_check; }
     int errorCount() const { return m_report.countOfSeverity[std::size_t(CatalogSeverity::Error)]; }
 
-    Text common(Symbol symbol) const
-    {
-        return m_common.empty() ? symbol : m_common[std::size_t(symbol)];
-    }
+    Text common(Symbol symbol) const { return m_common.empty() ? symbol : m_common[std::size_t(symbol)]; }
     template <typename Token>
     Text value(int record, Token token) const
     {
@@ -101,6 +98,8 @@ private:
     const Reading m_reading;
     const CatalogLinks m_links;
     const FindingReport::Settings m_settings;
+    /// The file is compared in the form that it is said to be in.
+    const std::optional<ClearTexts> m_clearTexts;
     FindingReport m_report;
     Check m_check;
     std::vector<Text> m_common;

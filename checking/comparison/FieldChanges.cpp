@@ -132,10 +132,9 @@ void FieldsComparison::tellAdded(int newField)
         return;
     const QString name = m_pair.newEdition.text(field.column).toString();
     const bool isMandatory = m_pair.newEdition.catalog().flag(field.record, Px::PX_Mandatory);
-    ChangeDraft &draft =
-        addToField(m_pair, Change::FieldAdded,
-                   isMandatory ? CatalogChangeClass::Review : CatalogChangeClass::Addition, m_oldItem,
-                   m_newItem, name);
+    ChangeDraft &draft = addToField(m_pair, Change::FieldAdded,
+                                    isMandatory ? CatalogChangeClass::Review : CatalogChangeClass::Addition,
+                                    m_oldItem, m_newItem, name);
     draft.profiles = column.onlyNew;
     draft.told.newText = name;
     draft.told.newPlace = m_pair.newEdition.placeOf(field.record);

@@ -87,7 +87,11 @@ Shift shiftOf(const QString &before, const QString &after, int sign)
 
 QString rangeText(const QString &from, const QString &to)
 {
-    return from.isEmpty() && to.isEmpty() ? QString() : QStringLiteral("%1 to %2").arg(from, to).trimmed();
+    if (from.isEmpty() || to.isEmpty())
+        return from.isEmpty() && to.isEmpty() ? QString()
+               : from.isEmpty()               ? QStringLiteral("up to ") + to
+                                              : QStringLiteral("from ") + from;
+    return QStringLiteral("%1 to %2").arg(from, to);
 }
 
 Set intersection(const Set &a, const Set &b)
@@ -159,7 +163,7 @@ void FieldComparison::compareColumn()
     if (!m_column.onlyOld.empty()) {
         ChangeDraft &draft = add(Change::FieldRemoved, m_column.onlyOld);
         const QString column = m_pair.oldEdition.text(m_before.column).toString();
-        draft.told.subject = shown(draft.told.code) + QStringLiteral(" · ") + shown(column);
+        draft.told.subject = shown(m_pair.newEdition.nameOf(m_newItem)) + QStringLiteral(" · ") + shown(column);
         draft.told.column = column;
         draft.told.oldText = column;
         draft.told.message = isSameColumn ? QStringLiteral("field removed: the column is gone")
@@ -171,7 +175,8 @@ void FieldComparison::compareColumn()
             add(Change::FieldAdded, isMandatory ? CatalogChangeClass::Review : CatalogChangeClass::Addition,
                 m_column.onlyNew);
         draft.told.newText = draft.told.column;
-        draft.told.message = isMandatory ? QStringLiteral("mandatory field added") : QStringLiteral("field added");
+        draft.told.message =
+            isMandatory ? QStringLiteral("mandatory field added") : QStringLiteral("field added");
         if (isSameColumn)
             draft.told.message += QStringLiteral(": the column is new");
     }
@@ -235,7 +240,11 @@ void FieldComparison::compareRange()
     draft.told.newText = rangeText(newText(Px::PX_RangeFrom), newText(Px::PX_RangeTo));
     draft.told.oldPlace = m_pair.oldEdition.placeOf(m_before.record, int(token));
     draft.told.newPlace = m_pair.newEdition.placeOf(m_after.record, int(token));
-    draft.told.message = QStringLiteral("range ") + fromTo(draft.told.oldText, draft.told.newText);
+    const auto named = [](const QString &range) {
+        return range.isEmpty() ? QStringLiteral("none") : shown(range);
+    };
+    draft.told.message =
+        QStringLiteral("range %1 → %2").arg(named(draft.told.oldText), named(draft.told.newText));
 }
 
 // A length of 0 is no limit, as none at all.

@@ -16,7 +16,8 @@ class FieldComparison
 {
 public:
     FieldComparison(EditionPair &pair, UsedLists &lists, const ColumnRelation &column, int oldItem,
-                    int newItem, const CatalogLinks::InputField &before, const CatalogLinks::InputField &after)
+                    int newItem, const CatalogLinks::InputField &before,
+                    const CatalogLinks::InputField &after)
         : m_pair(pair),
           m_lists(lists),
           m_column(column),
@@ -40,7 +41,10 @@ private:
     {
         return m_pair.newEdition.string(recordFor(m_after, token), token);
     }
-    static int recordFor(const CatalogLinks::InputField &field, ParameterExtensionToken) { return field.record; }
+    static int recordFor(const CatalogLinks::InputField &field, ParameterExtensionToken)
+    {
+        return field.record;
+    }
     static int recordFor(const CatalogLinks::InputField &field, ParameterToken) { return field.parameter; }
     template <typename Token>
     bool isSame(Token token) const
@@ -71,7 +75,8 @@ private:
     void compareTexts();
     void compareLists();
     void tellIn(Change change, const ProfilePairs::Set &profiles, const QString &message);
-    void tellList(Change change, CatalogChangeClass changeClass, const ProfilePairs::Set &profiles, const QString &message);
+    void tellList(Change change, CatalogChangeClass changeClass, const ProfilePairs::Set &profiles,
+                  const QString &message);
 
     EditionPair &m_pair;
     UsedLists &m_lists;

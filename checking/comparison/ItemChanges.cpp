@@ -138,8 +138,8 @@ void ItemComparison::tellReused()
     ChangeDraft &draft = add(Change::CodeReused);
     draft.told.oldText = m_old.captionOf(m_oldItem).toString();
     draft.told.newText = m_new.captionOf(m_newItem).toString();
-    draft.told.message = QStringLiteral("code used for something else: ")
-                         + fromTo(draft.told.oldText, draft.told.newText);
+    draft.told.message =
+        QStringLiteral("code used for something else: ") + fromTo(draft.told.oldText, draft.told.newText);
 }
 
 void ItemComparison::compareName()
@@ -179,12 +179,14 @@ void ItemComparison::tellRenamed(Change change, const QString &why)
         return;
     const QString oldName = m_old.nameOf(m_oldItem);
     const QString newName = m_new.nameOf(m_newItem);
-    ChangeDraft &draft = add(change);
+    ChangeDraft &draft = m_pair.addToItem(
+        change, hadCode() ? CatalogChangeClass::Breaking : CatalogChangeClass::Review, m_oldItem, m_newItem);
     draft.told.subject = QStringLiteral("%1 → %2").arg(shown(oldName), shown(newName));
     draft.told.oldText = oldName;
     draft.told.newText = newName;
-    draft.told.message =
-        QStringLiteral("code %1renamed (%2)").arg(isWeak ? QStringLiteral("perhaps ") : QString(), why);
+    draft.told.message = QStringLiteral("%1%2renamed (%3)")
+                             .arg(hadCode() ? QStringLiteral("code ") : QStringLiteral("item without code "),
+                                  isWeak ? QStringLiteral("perhaps ") : QString(), why);
     const bool isCertain = m_pair.items.evidenceOf(m_oldItem) == Evidence::Key;
     if (hadCode())
         m_pair.addRename(CatalogRename::Code,
@@ -227,7 +229,8 @@ void ItemComparison::comparePlace()
         return;
     ChangeDraft &draft = add(Change::CodeMoved);
     const auto parentName = [](const Edition &edition, int parent) {
-        return parent == CatalogLinks::missing ? QStringLiteral("outside of the tree") : edition.nameOf(parent);
+        return parent == CatalogLinks::missing ? QStringLiteral("outside of the tree")
+                                               : edition.nameOf(parent);
     };
     draft.told.oldText = parentName(m_old, oldParent);
     draft.told.newText = parentName(m_new, newParent);
@@ -246,7 +249,7 @@ void ItemComparison::compareChildren()
 
 void ItemComparison::compareVirtual()
 {
-    const Property property = {Change::CodeVirtual,        Property::Flag, "",
+    const Property property = {Change::CodeVirtual,         Property::Flag,          "",
                                int(Class::CLASS_IsVirtual), int(Base::BC_IsVirtual), 0};
     const ItemField before(m_old, m_oldItem, property);
     const ItemField after(m_new, m_newItem, property);
@@ -255,7 +258,8 @@ void ItemComparison::compareVirtual()
     ChangeDraft &draft = add(after.flag() ? Change::CodeVirtual : Change::CodeReal);
     draft.told.oldPlace = before.place();
     draft.told.newPlace = after.place();
-    draft.told.message = after.flag() ? QStringLiteral("virtual now") : QStringLiteral("not virtual any more");
+    draft.told.message =
+        after.flag() ? QStringLiteral("virtual now") : QStringLiteral("not virtual any more");
 }
 
 void ItemComparison::compareProperty(const Property &property)
@@ -277,11 +281,12 @@ void ItemComparison::compareProperty(const Property &property)
     draft.told.newText = after.string();
     draft.told.oldPlace = before.place();
     draft.told.newPlace = after.place();
-    draft.told.message = QLatin1String(property.name) + QLatin1Char(' ')
-                         + fromTo(before.text(), after.text());
+    draft.told.message =
+        QLatin1String(property.name) + QLatin1Char(' ') + fromTo(before.text(), after.text());
 }
 
-bool ItemComparison::isChanged(const Property &property, const ItemField &before, const ItemField &after) const
+bool ItemComparison::isChanged(const Property &property, const ItemField &before,
+                               const ItemField &after) const
 {
     if (m_old.common(before.symbol) == m_new.common(after.symbol))
         return false;
@@ -311,13 +316,18 @@ bool ItemComparison::isRenamedCode(QStringView before, QStringView after) const
 
 void tellGone(EditionPair &pair, int oldItem)
 {
-    ChangeDraft &draft = pair.addToItem(Change::CodeRemoved, oldItem, CatalogLinks::missing);
     const Edition &edition = pair.oldEdition;
+    // Nothing is recorded of what has no code.
+    ChangeDraft &draft = pair.addToItem(Change::CodeRemoved,
+                                        edition.item(oldItem).code == 0 ? CatalogChangeClass::Review
+                                                                        : CatalogChangeClass::Breaking,
+                                        oldItem, CatalogLinks::missing);
     const int left = pair.items.newCount(edition.item(oldItem).code);
     draft.told.oldText = edition.nameOf(oldItem);
     draft.told.message = edition.item(oldItem).code == 0 ? QStringLiteral("item without code removed")
-                         : left > 0 ? QStringLiteral("removed; %1 with this code left").arg(counted(left, "item"))
-                                    : QStringLiteral("code removed");
+                         : left > 0
+                             ? QStringLiteral("removed; %1 with this code left").arg(counted(left, "item"))
+                             : QStringLiteral("code removed");
     if (!edition.captionOf(oldItem).isEmpty())
         draft.told.message += QStringLiteral(" (%1)").arg(quoted(edition.captionOf(oldItem)));
 }
@@ -328,8 +338,7 @@ void tellNew(EditionPair &pair, int newItem)
     const Edition::Text code = edition.item(newItem).code;
     ChangeDraft &draft = pair.addToItem(Change::CodeAdded, CatalogLinks::missing, newItem);
     draft.told.newText = edition.nameOf(newItem);
-    draft.told.message =
-        code == 0 ? QStringLiteral("item without code added") : QStringLiteral("code added");
+    draft.told.message = code == 0 ? QStringLiteral("item without code added") : QStringLiteral("code added");
     if (!edition.captionOf(newItem).isEmpty())
         draft.told.message += QStringLiteral(" (%1)").arg(quoted(edition.captionOf(newItem)));
 }
@@ -338,8 +347,8 @@ void tellNew(EditionPair &pair, int newItem)
 void tellAmbiguous(EditionPair &pair, int oldItem, int newItem)
 {
     ChangeDraft &draft = pair.addToItem(Change::CodeAmbiguous, oldItem, newItem);
-    draft.told.message = QStringLiteral("code of %1 now").arg(
-        counted(pair.items.newCount(pair.newEdition.item(newItem).code), "item"));
+    draft.told.message = QStringLiteral("code of %1 now")
+                             .arg(counted(pair.items.newCount(pair.newEdition.item(newItem).code), "item"));
 }
 
 bool isAmbiguous(const EditionPair &pair, Edition::Text code)
@@ -371,7 +380,8 @@ void findUnreachable(EditionPair &pair)
         draft.told.codeCount = members.size() - 1;
         draft.told.message = QStringLiteral("outside of the tree now");
         if (draft.told.codeCount > 0)
-            draft.told.message += QStringLiteral(", with %1 below").arg(counted(draft.told.codeCount, "code"));
+            draft.told.message +=
+                QStringLiteral(", with %1 below").arg(counted(draft.told.codeCount, "code"));
     });
 }
 
@@ -381,7 +391,8 @@ void findReorderedChildren(EditionPair &pair, int oldParent, int newParent)
     for (const int child : pair.newEdition.links().childrenOf(newParent)) {
         const int partner = pair.items.oldOf(child);
         if (partner >= 0 && pair.oldEdition.parentOf(partner) == oldParent)
-            orders.emplace_back(pair.oldEdition.item(partner).sortOrder, pair.newEdition.item(child).sortOrder);
+            orders.emplace_back(pair.oldEdition.item(partner).sortOrder,
+                                pair.newEdition.item(child).sortOrder);
     }
     if (!isReordered(std::move(orders)))
         return;

@@ -13,8 +13,8 @@ namespace Orvida::Checking {
 namespace {
 
 constexpr double leastSimilarity = 0.75;
-// With how many of the captions that come next in the alphabet, on each side, one is compared.
-constexpr int neighbours = 20;
+// With how many captions on each side of its place one is compared.
+constexpr std::size_t neighbours = 20;
 
 bool isWordCharacter(QChar character)
 {
@@ -191,8 +191,7 @@ void ItemPairs::followParents(Pairs &parents)
 void ItemPairs::pairChildren(const Pair &parent, Evidence evidence, Pairs &found)
 {
     std::vector<int> olds = freeChildren(m_old, m_isOldFree, parent.oldItem);
-    std::vector<int> news =
-        olds.empty() ? olds : freeChildren(m_new, m_isNewFree, parent.newItem);
+    std::vector<int> news = olds.empty() ? olds : freeChildren(m_new, m_isNewFree, parent.newItem);
     if (olds.empty() || news.empty())
         return;
     if (evidence == Evidence::SimilarCaption) {
@@ -237,22 +236,44 @@ Captions captionsOf(const Edition &edition, const std::vector<int> &items)
     return captions;
 }
 
-// All that are similar enough, the best first. Each caption is compared with its neighbours in the alphabet.
+// The places around `middle`, as far as there are any.
+std::pair<std::size_t, std::size_t> around(std::size_t middle, std::size_t count)
+{
+    return {middle - std::min(middle, neighbours), std::min(middle + neighbours, count)};
+}
+
+// Where in the alphabet captions are with which one is compared: those that come next to it, and those that
+// come as far down in the new edition as it does in the old one, which finds captions that all begin in
+// another way now.
+std::vector<std::size_t> neighboursOf(const ComparableText &text, std::size_t rank, const Captions &news)
+{
+    const auto place = std::lower_bound(news.order.begin(), news.order.end(), text.folded(),
+                                        [&](std::size_t candidate, const QString &wanted) {
+                                            return news.texts[candidate].folded() < wanted;
+                                        });
+    std::vector<std::size_t> found;
+    for (const std::size_t middle : {std::size_t(place - news.order.begin()), rank}) {
+        const auto [first, last] = around(std::min(middle, news.order.size()), news.order.size());
+        for (std::size_t index = first; index < last; ++index)
+            found.push_back(news.order[index]);
+    }
+    std::sort(found.begin(), found.end());
+    found.erase(std::unique(found.begin(), found.end()), found.end());
+    return found;
+}
+
+// All that are similar enough, the best first.
 std::vector<Candidate> candidatesOf(const Captions &olds, const Captions &news)
 {
     std::vector<Candidate> candidates;
-    for (std::size_t oldPlace = 0; oldPlace < olds.texts.size(); ++oldPlace) {
-        const ComparableText &text = olds.texts[oldPlace];
-        const auto place = std::lower_bound(news.order.begin(), news.order.end(), text.folded(),
-                                            [&](std::size_t candidate, const QString &wanted) {
-                                                return news.texts[candidate].folded() < wanted;
-                                            });
-        const auto first = place - std::min<std::ptrdiff_t>(place - news.order.begin(), neighbours);
-        const auto last = place + std::min<std::ptrdiff_t>(news.order.end() - place, neighbours);
-        for (auto candidate = first; candidate != last; ++candidate) {
-            const double similarity = text.similarityTo(news.texts[*candidate]);
-            if (similarity >= leastSimilarity && !text.folded().isEmpty())
-                candidates.push_back({similarity, oldPlace, *candidate});
+    for (std::size_t rank = 0; rank < olds.order.size(); ++rank) {
+        const ComparableText &text = olds.texts[olds.order[rank]];
+        if (text.folded().isEmpty())
+            continue;
+        for (const std::size_t candidate : neighboursOf(text, rank, news)) {
+            const double similarity = text.similarityTo(news.texts[candidate]);
+            if (similarity >= leastSimilarity)
+                candidates.push_back({similarity, olds.order[rank], candidate});
         }
     }
     std::sort(candidates.begin(), candidates.end(), [](const Candidate &a, const Candidate &b) {

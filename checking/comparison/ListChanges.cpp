@@ -168,8 +168,8 @@ void ListComparison::compareTexts(const ListEntry &before, const ListEntry &afte
 void ListComparison::tellRenamed(const ListEntry &before, const ListEntry &after, bool isRuleSame)
 {
     m_pair.records.push_back({before.record, after.record});
-    m_pair.addRename(CatalogRename::Value, CatalogRename::Likely, oldValue(before), newValue(after), m_profile,
-                     m_id);
+    m_pair.addRename(CatalogRename::Value, CatalogRename::Likely, oldValue(before), newValue(after),
+                     m_profile, m_id);
     if (!isRuleSame)
         return;
     const bool isSameItem = before.item == after.item && before.item != 0;
@@ -223,15 +223,15 @@ void TouchedCodes::describe(ChangeDraft &draft)
     const auto place = std::make_pair(draft.usedList, draft.profiles);
     auto known = m_known.find(place);
     if (known == m_known.end())
-        known = m_known
-                    .emplace(place, codesOf(m_lists.lists()[std::size_t(draft.usedList)], draft.profiles))
+        known = m_known.emplace(place, codesOf(m_lists.lists()[std::size_t(draft.usedList)], draft.profiles))
                     .first;
     draft.told.codes = known->second.names;
     draft.told.codeCount = known->second.count;
 }
 
 // By the tree.
-TouchedCodes::Codes TouchedCodes::codesOf(const UsedLists::List &list, const ProfilePairs::Set &profiles) const
+TouchedCodes::Codes TouchedCodes::codesOf(const UsedLists::List &list,
+                                          const ProfilePairs::Set &profiles) const
 {
     constexpr int mostNamed = 20;
     std::map<const ProfilePairs::Set *, bool> isTouched;
@@ -245,9 +245,8 @@ TouchedCodes::Codes TouchedCodes::codesOf(const UsedLists::List &list, const Pro
         if (known->second)
             items.push_back(use.newItem);
     }
-    std::sort(items.begin(), items.end(), [this](int a, int b) {
-        return m_pair.placeOfNew(a).position < m_pair.placeOfNew(b).position;
-    });
+    std::sort(items.begin(), items.end(),
+              [this](int a, int b) { return m_pair.placeOfNew(a).position < m_pair.placeOfNew(b).position; });
     items.erase(std::unique(items.begin(), items.end()), items.end());
     Codes codes;
     codes.count = int(items.size());

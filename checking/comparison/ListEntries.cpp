@@ -47,7 +47,9 @@ EntryPairs pairEntries(const std::vector<ListEntry> &olds, const std::vector<Lis
         pairEqual(
             pairs.removed, pairs.added, [&](int entry) { return featureOf(olds[std::size_t(entry)]); },
             [&](int entry) { return featureOf(news[std::size_t(entry)]); },
-            [&](int oldEntry, int newEntry) { found.push_back({oldEntry, newEntry}); });
+            [&](int oldEntry, int newEntry) {
+                found.push_back({oldEntry, newEntry});
+            });
     };
     const auto byText = [](Edition::Text caption, Edition::Text item) {
         return Feature({quint64(caption), quint64(item), 0});

@@ -2,6 +2,9 @@
 
 #include "checking/rules/ListValues_p.h"
 
+#include <algorithm>
+#include <set>
+
 namespace Orvida::Checking {
 
 void UsedLists::add(Symbol oldId, Symbol newId, int newItem, const ProfilePairs::Set &profiles)
@@ -40,11 +43,20 @@ int UsedLists::recordOf(const Edition &edition, Symbol id, Symbol profile)
 
 ListRelation UsedLists::related(Symbol oldId, Symbol newId) const
 {
+    std::set<int> profiles;
+    for (const int record : m_pair.oldEdition.links().lists(oldId))
+        profiles.insert(
+            m_pair.profiles.withOldKey(m_pair.oldEdition.value(record, ListClassToken::LC_Profile_FK)));
+    for (const int record : m_pair.newEdition.links().lists(newId))
+        profiles.insert(
+            m_pair.profiles.withNewKey(m_pair.newEdition.value(record, ListClassToken::LC_Profile_FK)));
     ListRelation relation;
     const bool isSameId = m_pair.oldEdition.common(oldId) == m_pair.newEdition.common(newId);
-    for (int profile = 0; profile < int(m_pair.profiles.profiles().size()); ++profile) {
-        const int oldList = m_pair.isCompared(profile) ? oldRecord(oldId, profile) : -1;
-        const int newList = m_pair.isCompared(profile) ? newRecord(newId, profile) : -1;
+    for (const int profile : profiles) {
+        if (!m_pair.isCompared(profile))
+            continue;
+        const int oldList = oldRecord(oldId, profile);
+        const int newList = newRecord(newId, profile);
         if (oldList < 0 && newList >= 0)
             relation.attached.push_back(profile);
         else if (oldList >= 0 && newList < 0)

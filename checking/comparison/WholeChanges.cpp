@@ -29,10 +29,12 @@ void tellRenamed(EditionPair &pair, int number)
     draft.told.newText = newName;
     draft.told.subject = QStringLiteral("profile %1 → %2").arg(shown(oldName), shown(newName));
     const auto isSame = [&](ProfileToken token) {
-        return pair.oldEdition.value(profile.oldRecord, token) == pair.newEdition.value(profile.newRecord, token);
+        return pair.oldEdition.value(profile.oldRecord, token)
+               == pair.newEdition.value(profile.newRecord, token);
     };
-    const bool hasFormat = !pair.oldEdition.text(profile.oldRecord, ProfileToken::PRO_Format).isEmpty()
-                           || !pair.oldEdition.text(profile.oldRecord, ProfileToken::PRO_ExportType).isEmpty();
+    const bool hasFormat =
+        !pair.oldEdition.text(profile.oldRecord, ProfileToken::PRO_Format).isEmpty()
+        || !pair.oldEdition.text(profile.oldRecord, ProfileToken::PRO_ExportType).isEmpty();
     const bool isSameFormat =
         hasFormat && isSame(ProfileToken::PRO_Format) && isSame(ProfileToken::PRO_ExportType);
     draft.told.message = isSameFormat ? QStringLiteral("profile renamed (same format and type of export)")
@@ -58,18 +60,15 @@ void findChosenProfile(EditionPair &pair)
 {
     const int oldRecord = chosenProfile(pair.oldEdition.check());
     const int newRecord = chosenProfile(pair.newEdition.check());
-    const int oldNumber =
-        pair.profiles.withOldKey(pair.oldEdition.value(oldRecord, ProfileToken::PRO_PK));
-    const int newNumber =
-        pair.profiles.withNewKey(pair.newEdition.value(newRecord, ProfileToken::PRO_PK));
+    const int oldNumber = pair.profiles.withOldKey(pair.oldEdition.value(oldRecord, ProfileToken::PRO_PK));
+    const int newNumber = pair.profiles.withNewKey(pair.newEdition.value(newRecord, ProfileToken::PRO_PK));
     if (oldNumber == newNumber)
         return;
     ChangeDraft &draft = pair.report.add(Change::ChosenProfileChanged);
     draft.told.subject = QStringLiteral("catalog");
     draft.told.oldText = pair.oldEdition.string(oldRecord, ProfileToken::PRO_PK);
     draft.told.newText = pair.newEdition.string(newRecord, ProfileToken::PRO_PK);
-    draft.told.message =
-        QStringLiteral("chosen profile ") + fromTo(draft.told.oldText, draft.told.newText);
+    draft.told.message = QStringLiteral("chosen profile ") + fromTo(draft.told.oldText, draft.told.newText);
     draft.told.oldPlace = pair.oldEdition.placeOf(oldRecord);
     draft.told.newPlace = pair.newEdition.placeOf(newRecord);
 }
@@ -118,15 +117,17 @@ public:
     {
         constexpr qint64 supports3d = Q_INT64_C(1) << 31;
         const auto &incidents = edition.catalog().incidents;
-        const bool isOdd = std::any_of(incidents.begin(), incidents.end(), [record](const Incident &incident) {
-            return incident.kind == Incident::StyleNotAtOnce && incident.record == record;
-        });
+        const bool isOdd =
+            std::any_of(incidents.begin(), incidents.end(), [record](const Incident &incident) {
+                return incident.kind == Incident::StyleNotAtOnce && incident.record == record;
+            });
         return !isOdd && edition.string(record, CatalogInfoToken::CAT_Style).toLongLong() & supports3d;
     }
 
     int gained3d() const
     {
-        return int(supports3d(m_pair.newEdition, m_newRecord)) - int(supports3d(m_pair.oldEdition, m_oldRecord));
+        return int(supports3d(m_pair.newEdition, m_newRecord))
+               - int(supports3d(m_pair.oldEdition, m_oldRecord));
     }
 
     void tell(Change change, CatalogInfoToken token, const QString &message)
@@ -137,9 +138,9 @@ public:
         draft.told.newText = m_pair.newEdition.string(m_newRecord, token);
         draft.told.oldPlace = m_pair.oldEdition.placeOf(m_oldRecord, int(token));
         draft.told.newPlace = m_pair.newEdition.placeOf(m_newRecord, int(token));
-        draft.told.message = message.isEmpty() ? QStringLiteral("key ")
-                                                     + fromTo(draft.told.oldText, draft.told.newText)
-                                               : message;
+        draft.told.message = message.isEmpty()
+                                 ? QStringLiteral("key ") + fromTo(draft.told.oldText, draft.told.newText)
+                                 : message;
     }
 
 private:
@@ -158,7 +159,8 @@ void findCatalogChanges(EditionPair &pair)
     if (info.gained3d() > 0)
         info.tell(Change::Gained3d, CatalogInfoToken::CAT_Style, QStringLiteral("supports 3D now"));
     if (info.gained3d() < 0)
-        info.tell(Change::Lost3d, CatalogInfoToken::CAT_Style, QStringLiteral("does not support 3D any more"));
+        info.tell(Change::Lost3d, CatalogInfoToken::CAT_Style,
+                  QStringLiteral("does not support 3D any more"));
     if (pair.report.hasVisible() && info.isSame(CatalogInfoToken::CAT_Version))
         info.tell(Change::VersionNotRaised, CatalogInfoToken::CAT_Version,
                   QStringLiteral("the version is the same in both editions"));

@@ -24,7 +24,8 @@ QString contentOf(const QString &path)
 
 QString className(CatalogChangeClass changeClass)
 {
-    const QString names[] = {text("breaking"), text("review"), text("addition"), text("wording"), text("hidden")};
+    const QString names[] = {text("breaking"), text("review"), text("addition"), text("wording"),
+                             text("hidden")};
     return names[int(changeClass)];
 }
 
@@ -34,8 +35,8 @@ QString lineOf(const CatalogChange &change)
     const auto place = [](const CatalogChangePlace &where) {
         return where.line == 0 ? text("-") : QString::number(where.line);
     };
-    QString line = className(change.changeClass) + QLatin1Char(' ') + change.id + QLatin1Char(' ') + change.subject
-                   + text(": ") + change.message;
+    QString line = className(change.changeClass) + QLatin1Char(' ') + change.id + QLatin1Char(' ')
+                   + change.subject + text(": ") + change.message;
     if (!change.profiles.isEmpty())
         line += text(" (") + change.profiles.join(text(", ")) + QLatin1Char(')');
     if (change.codeCount > 0)
@@ -46,7 +47,8 @@ QString lineOf(const CatalogChange &change)
 
 QString lineOf(const CatalogRename &rename)
 {
-    const QString kinds[] = {text("code"), text("column"), text("value"), text("defect-code"), text("profile")};
+    const QString kinds[] = {text("code"), text("column"), text("value"), text("defect-code"),
+                             text("profile")};
     const QString certainties[] = {text("certain"), text("likely"), text("weak")};
     return text("map: ")
            + QStringList({kinds[rename.kind], rename.profile, rename.list, rename.oldName, rename.newName,
@@ -68,7 +70,8 @@ QString linesOf(const CatalogComparison &comparison)
 // What is to be equal of a change that is found and one that was made.
 QString shortLineOf(const CatalogChange &change)
 {
-    return QStringList({change.id, change.code, change.column, change.list, change.value}).join(QLatin1Char(' '));
+    return QStringList({change.id, change.code, change.column, change.list, change.value})
+        .join(QLatin1Char(' '));
 }
 
 QStringList shortLinesOf(const CatalogComparison &comparison)
@@ -125,7 +128,8 @@ void CatalogComparisonTest::compare(CatalogComparison &comparison, const QByteAr
 {
     comparison.setForm(CatalogComparison::Old, CatalogChecker::Form::Readable);
     comparison.setForm(CatalogComparison::New, CatalogChecker::Form::Readable);
-    QVERIFY(comparison.compare(m_folder.write(text("old.xml"), before), m_folder.write(text("new.xml"), after)));
+    QVERIFY(
+        comparison.compare(m_folder.write(text("old.xml"), before), m_folder.write(text("new.xml"), after)));
 }
 
 // What comes of the edits of a case.
@@ -195,9 +199,10 @@ void CatalogComparisonTest::tellsNothingOfTheSameCatalog()
     const QByteArray other = isScrambled ? scrambledForm(edits.xml()) : edits.xml();
     CatalogComparison comparison;
     comparison.setForm(CatalogComparison::Old, CatalogChecker::Form::Readable);
-    comparison.setForm(CatalogComparison::New, isScrambled ? CatalogChecker::Form::Scrambled
-                                                           : CatalogChecker::Form::Readable);
-    QVERIFY(comparison.compare(m_folder.write(text("old.xml"), sample), m_folder.write(text("new.xml"), other)));
+    comparison.setForm(CatalogComparison::New,
+                       isScrambled ? CatalogChecker::Form::Scrambled : CatalogChecker::Form::Readable);
+    QVERIFY(
+        comparison.compare(m_folder.write(text("old.xml"), sample), m_folder.write(text("new.xml"), other)));
     QCOMPARE(shortLinesOf(comparison), QStringList());
     QCOMPARE(comparison.count(CatalogChangeClass::Hidden) > 0, isShuffled);
     QCOMPARE(comparison.errorCount(CatalogComparison::New), 0);
@@ -225,7 +230,7 @@ void CatalogComparisonTest::tellsWhatWasEdited()
     compare(comparison, before, edits.xml());
     QCOMPARE(shortLinesOf(comparison).join(QLatin1Char('\n')), expected.join(QLatin1Char('\n')));
     const QString forth = linesOf(comparison);
-    qSetGlobalQHashSeed(seed);
+    qSetGlobalQHashSeed(0);
     compare(comparison, before, edits.xml());
     qSetGlobalQHashSeed(-1);
     QCOMPARE(linesOf(comparison), forth);
@@ -244,9 +249,8 @@ void CatalogComparisonTest::tellsWhatWasEdited()
 void CatalogComparisonTest::leavesOutOtherProfiles()
 {
     const QByteArray sample = contentOf(text(ORVIDA_SOURCES "/samples/tunnels.xml")).toUtf8();
-    const QByteArray edited =
-        QByteArray(sample).replace("LC-RAIL-MAT</LIST_Class_FK><LIST_Internal>FO",
-                                   "LC-RAIL-MAT</LIST_Class_FK><LIST_Internal>FX");
+    const QByteArray edited = QByteArray(sample).replace("LC-RAIL-MAT</LIST_Class_FK><LIST_Internal>FO",
+                                                         "LC-RAIL-MAT</LIST_Class_FK><LIST_Internal>FX");
     CatalogComparison comparison;
     const auto countIn = [&](const char *profile) {
         comparison.setProfile(profile ? text(profile) : QString());
@@ -262,7 +266,8 @@ void CatalogComparisonTest::leavesOutOtherProfiles()
 void CatalogComparisonTest::tellsWhyAFileDoesNotLoad()
 {
     using Orvida::Catalogs::CatalogReadFailure;
-    const QString good = m_folder.write(text("good.xml"), catalogXml("<CLASS><CLASS_PK>C</CLASS_PK></CLASS>"));
+    const QString good =
+        m_folder.write(text("good.xml"), catalogXml("<CLASS><CLASS_PK>C</CLASS_PK></CLASS>"));
     const QString cut = m_folder.write(text("cut.xml"), "<OVCAT><CLASS>");
     const QString refused = m_folder.write(text("refused.xml"), catalogXml("<CLASS></CLASS>"));
     CatalogComparison comparison;
@@ -287,7 +292,8 @@ QByteArray manyCodes(int version, Write write)
     QByteArray records = "<CATALOG><CAT_Version>" + QByteArray::number(version)
                          + "</CAT_Version></CATALOG><CLASS><CLASS_PK>C</CLASS_PK></CLASS>\n";
     for (int number = 0; number < many; ++number)
-        records += "<BASECODE><BC_Class_FK>C</BC_Class_FK>" + write(QByteArray::number(number)) + "</BASECODE>\n";
+        records +=
+            "<BASECODE><BC_Class_FK>C</BC_Class_FK>" + write(QByteArray::number(number)) + "</BASECODE>\n";
     return catalogXml(records);
 }
 
@@ -315,7 +321,8 @@ void CatalogComparisonTest::comparesManyRenamedCodes_data()
     QTest::addColumn<QString>("id");
     QTest::addColumn<int>("count");
     QTest::newRow("same captions") << QByteArray("Crack %1 of a wall") << text("code-renamed") << many;
-    QTest::newRow("similar captions") << QByteArray("Cracks %1 of walls") << text("code-perhaps-renamed") << many;
+    QTest::newRow("similar captions")
+        << QByteArray("Cracks %1 of walls") << text("code-perhaps-renamed") << many;
     QTest::newRow("other captions") << QByteArray("Water %1") << text("code-removed") << many;
 }
 

@@ -170,7 +170,8 @@ int CatalogEdits::pick(const Fits &fits)
 int CatalogEdits::pickCode(const Fits &fits)
 {
     const int index = pick([&](const Record &record) {
-        return record.isCode() && !record.code().isEmpty() && !m_touched.contains(record.key()) && fits(record);
+        return record.isCode() && !record.code().isEmpty() && !m_touched.contains(record.key())
+               && fits(record);
     });
     if (index >= 0)
         m_touched.insert(m_records.at(index).key());
@@ -292,6 +293,7 @@ void CatalogEdits::addLeaf()
                        {text("CE_Code"), code},
                        {text("CE_Item"), number + text(" zzz ") + number},
                        {text("CE_SortOrder"), text("15")}}});
+    m_touched.insert(text("CE-ZZ") + number);
     expect("code-added", code);
 }
 
@@ -307,9 +309,8 @@ void CatalogEdits::removeField()
 // A field of another code, for a code without fields in its column or with its parameter.
 void CatalogEdits::addField()
 {
-    const int source = pick([this](const Record &record) {
-        return record.kind == text("PARAMX") && !codeOf(record).isEmpty();
-    });
+    const int source = pick(
+        [this](const Record &record) { return record.kind == text("PARAMX") && !codeOf(record).isEmpty(); });
     const Record field = m_records.at(source);
     const int index = pickCode([&](const Record &record) {
         return record.kind == text("BASECODE")
@@ -351,7 +352,8 @@ void CatalogEdits::flipMandatory()
 
 void CatalogEdits::moveLimit(int by, const char *id)
 {
-    const int index = pickField([](const Record &record) { return record.value(text("PX_RangeTo")).toInt() > 1; });
+    const int index =
+        pickField([](const Record &record) { return record.value(text("PX_RangeTo")).toInt() > 1; });
     if (index < 0)
         return;
     Record &field = m_records[index];
@@ -418,7 +420,8 @@ void CatalogEdits::flipTransport()
     const bool was = column.value(text("COL_Transport")) == text("true");
     column.set(text("COL_Transport"), was ? text("false") : text("true"));
     m_touched.insert(column.value(text("COL_Column_ID")));
-    expect(was ? "column-no-longer-exported" : "column-exported", QString(), column.value(text("COL_Column_ID")));
+    expect(was ? "column-no-longer-exported" : "column-exported", QString(),
+           column.value(text("COL_Column_ID")));
 }
 
 void CatalogEdits::changeDefectCode()

@@ -43,7 +43,10 @@ private:
         void set(const QString &name, const QString &value);
         bool isCode() const;
         /// "BC_" or "CE_"
-        QString prefix() const { return kind == QLatin1String("BASECODE") ? QStringLiteral("BC_") : QStringLiteral("CE_"); }
+        QString prefix() const
+        {
+            return kind == QLatin1String("BASECODE") ? QStringLiteral("BC_") : QStringLiteral("CE_");
+        }
         QString key() const { return value(prefix() + QStringLiteral("PK")); }
         QString code() const { return value(prefix() + QStringLiteral("Code")); }
         QString parent() const;

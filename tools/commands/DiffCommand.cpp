@@ -25,9 +25,9 @@ using Checking::CatalogComparison;
 
 namespace {
 
-constexpr const char *footer =
-    "Exit status: 0 no change of the class of --fail-on or a graver one, 1 there is one, 2 a file could not be\n"
-    "loaded, or the report or the map not be written, 3 wrong usage.";
+constexpr const char *footer = "Exit status: 0 no change of the class of --fail-on or a graver one, 1 there "
+                               "is one, 2 a file could not be\n"
+                               "loaded, or the report or the map not be written, 3 wrong usage.";
 
 // An option that takes one of the names in `choices`, which lives as long as the program.
 template <typename Choice>
@@ -72,12 +72,14 @@ void DiffCommand::addOptions(CLI::App &command)
     addChoice(command, "--fail-on", classes, m_leastFailing,
               "From which class of changes on the exit status is 1; breaking if left out")
         ->option_text("breaking|review|any");
-    const auto map = addTextOption(command, "--map", m_mapName,
-                                   "Write what was renamed into this CSV file, for hosts that change their records")
-                         ->option_text("FILE");
+    const auto map =
+        addTextOption(command, "--map", m_mapName,
+                      "Write what was renamed into this CSV file, for hosts that change their records")
+            ->option_text("FILE");
     command.add_flag("--map-weak", m_mapsWeak, "Write also what was perhaps renamed into it")->needs(map);
     command.add_flag("--all", m_listsAll, "Print also changes that neither data nor hosts notice");
-    addTextOption(command, "--explain", m_explainedKind, "Print what this kind of change means, and compare nothing")
+    addTextOption(command, "--explain", m_explainedKind,
+                  "Print what this kind of change means, and compare nothing")
         ->option_text("ID");
     addColorOption(command, m_color);
     command.parse_complete_callback([this] {
@@ -204,18 +206,16 @@ bool DiffCommand::knowsProfile(const CatalogComparison &comparison) const
 int DiffCommand::statusOf(const CatalogComparison &comparison) const
 {
     const auto &changes = comparison.changes();
-    const bool isFailing =
-        std::any_of(changes.begin(), changes.end(),
-                    [this](const CatalogChange &change) { return change.changeClass <= m_leastFailing; });
+    const bool isFailing = std::any_of(changes.begin(), changes.end(), [this](const CatalogChange &change) {
+        return change.changeClass <= m_leastFailing;
+    });
     return isFailing ? AnswerIsNo : Done;
 }
 
 void DiffCommand::printChanges(CommandOutput &output, const CatalogComparison &comparison) const
 {
     switch (m_format) {
-    case Format::Text:
-        ChangeText(output.stream(), OutputStyle(m_color), comparison).print(m_listsAll);
-        break;
+    case Format::Text: ChangeText(output.stream(), OutputStyle(m_color), comparison).print(m_listsAll); break;
     case Format::Json: printChangeJson(output, comparison, *m_oldName, *m_newName, m_listsAll); break;
     case Format::Csv: output.write(changeTable(comparison, m_listsAll)); break;
     }
