@@ -1,4 +1,4 @@
-// The table of the format against the tokenizer and the reader: the three must tell the same of every name.
+// The table of the format against the tokenizer and the reader: the three must agree on every name.
 
 #include "catalogs/format/CatalogFormat.h"
 
@@ -33,7 +33,7 @@ int (*const lookups[])(const QStringRef &) = {
     tokenOf<&Names::stringToParameterToken>, tokenOf<&Names::stringToParameterExtensionToken>,
 };
 
-// Every name with its token, under the place of its table in `lookups`.
+// Every name with its token, by the index of its table in `lookups`.
 QHash<QString, QPair<int, int>> vocabulary()
 {
     QHash<QString, QPair<int, int>> names;
@@ -63,8 +63,8 @@ QString namesOfFields(Choose choose)
     return names.join(QLatin1Char(' '));
 }
 
-// A text that every other kind reads differently, how RecordListing lists what is read, and a text that just
-// fails to be of the kind.
+// A text that every other kind converts differently, how RecordListing shows its value, and a text that is
+// nearly of the kind.
 struct Telling
 {
     const char *text;
@@ -123,7 +123,7 @@ private Q_SLOTS:
 void CatalogFormatTest::tokenizerHasTheSameNames()
 {
     const auto names = vocabulary();
-    QCOMPARE(names.size(), 129); // so no name comes twice
+    QCOMPARE(names.size(), 129); // so no name occurs twice
     for (auto name = names.cbegin(); name != names.cend(); ++name) {
         for (int table = 0; table < int(std::size(lookups)); ++table) {
             const int expected = table == name->first ? name->second : 0;
