@@ -1,11 +1,6 @@
 # Compile and link options of all targets of this project. None of them reaches a host that links the
 # libraries.
 
-if(CMAKE_CXX_CLANG_TIDY)
-  # Generated code is not checked. clang-tidy insists on one enabled check; this one finds nothing.
-  file(WRITE ${PROJECT_BINARY_DIR}/.clang-tidy "Checks: '-*,llvm-twine-local'\n")
-endif()
-
 # For all targets: strict warnings, and Qt without its implicit conversions and keyword macros.
 function(orvida_target_options target)
   target_compile_features(${target} PUBLIC cxx_std_17)
