@@ -150,24 +150,26 @@ void CatalogXMLParserTest::refusesFileCutAtAnyByteButKeepsItsRecords()
 void CatalogXMLParserTest::readsOnOrFailsWhenTheMediumDoes_data()
 {
     QTest::addColumn<int>("error");
-    QTest::addColumn<bool>("isSecondPass");
+    QTest::addColumn<int>("passesBefore");
     QTest::addColumn<int>("reason");
-    const auto row = [](const char *name, int error, bool isSecondPass, CatalogReadFailure::Reason reason) {
-        QTest::newRow(name) << error << isSecondPass << int(reason);
+    const auto row = [](const char *name, int error, int passesBefore, CatalogReadFailure::Reason reason) {
+        QTest::newRow(name) << error << passesBefore << int(reason);
     };
-    row("medium breaks", EIO, false, CatalogReadFailure::FileNotRead);
-    row("medium breaks in the second pass", EIO, true, CatalogReadFailure::FileNotRead);
-    row("file is truncated", 0, false, CatalogReadFailure::NotWellFormed);
-    row("file is truncated in the second pass", 0, true, CatalogReadFailure::FileNotRead);
-    row("signal interrupts", EINTR, false, CatalogReadFailure::None);
-    row("signal interrupts the second pass", EINTR, true, CatalogReadFailure::None);
+    row("medium breaks", EIO, 0, CatalogReadFailure::FileNotRead);
+    row("medium breaks in the scan", EIO, 1, CatalogReadFailure::FileNotRead);
+    row("medium breaks while records are read", EIO, 2, CatalogReadFailure::FileNotRead);
+    row("file is truncated", 0, 0, CatalogReadFailure::NotWellFormed);
+    row("file is truncated in the scan", 0, 1, CatalogReadFailure::NotWellFormed);
+    row("file is truncated while records are read", 0, 2, CatalogReadFailure::FileNotRead);
+    row("signal interrupts", EINTR, 0, CatalogReadFailure::None);
+    row("signal interrupts while records are read", EINTR, 2, CatalogReadFailure::None);
 }
 
 // In the middle of text between records, of a record, and of skipped elements. The style takes one pass.
 void CatalogXMLParserTest::readsOnOrFailsWhenTheMediumDoes()
 {
     QFETCH(int, error);
-    QFETCH(bool, isSecondPass);
+    QFETCH(int, passesBefore);
     const QByteArray longText(60000, '0');
     for (const QByteArray &failing :
          {longText, "<CLASS><CLASS_PK>" + longText + "</CLASS_PK></CLASS>", "<X>" + longText + "</X>",
@@ -179,11 +181,11 @@ void CatalogXMLParserTest::readsOnOrFailsWhenTheMediumDoes()
         const auto writeAndBreak = [&] {
             const QString path = folder.write(text("catalog.xml"), content);
             mishap = error;
-            readableBytes = (isSecondPass ? content.size() : 0) + 20000;
+            readableBytes = passesBefore * content.size() + 20000;
             return path;
         };
         const qint64 style = parser.readCatalogStyleFlag(writeAndBreak());
-        QCOMPARE(style, isSecondPass || error == EINTR ? Q_INT64_C(7) : Q_INT64_C(0));
+        QCOMPARE(style, passesBefore > 0 || error == EINTR ? Q_INT64_C(7) : Q_INT64_C(0));
         const bool isRead = parser.readFile(writeAndBreak(), items);
         readableBytes = -1;
         QTEST(int(parser.failure().reason), "reason");
