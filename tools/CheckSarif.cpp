@@ -31,7 +31,8 @@ QString nameOf(const CatalogRule &rule)
 QJsonObject jsonOf(const CatalogRule &rule)
 {
     const QString markdown = ruleMarkdown(rule);
-    const QJsonObject help{{QStringLiteral("text"), rule.explanation}, {QStringLiteral("markdown"), markdown}};
+    const QJsonObject help{{QStringLiteral("text"), rule.explanation},
+                           {QStringLiteral("markdown"), markdown}};
     const QJsonObject configuration{{QStringLiteral("enabled"), rule.isOnByDefault},
                                     {QStringLiteral("level"), severityName(rule.severity)}};
     const QJsonArray tags{rule.group};
@@ -54,7 +55,8 @@ QJsonObject driver()
             {QStringLiteral("rules"), rules}};
 }
 
-// Relative to the current folder, which services take for the top of what they show; whole for a file elsewhere.
+// Relative to the current folder, which services take for the top of what they show; whole for a file
+// elsewhere.
 QString uriOf(const QString &name)
 {
     const QString relative = QDir::current().relativeFilePath(name);

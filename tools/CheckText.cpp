@@ -89,8 +89,8 @@ void CheckText::print(const QString &name, const CatalogFinding &finding, Source
 {
     m_out << m_style.title(placeOf(name, finding.line, finding.column)) << ' '
           << colored(finding.severity, severityName(finding.severity) + QLatin1Char(':')) << ' '
-          << OutputStyle::singleLine(finding.message) << " ["
-          << colored(finding.severity, finding.rule) << "]\n";
+          << OutputStyle::singleLine(finding.message) << " [" << colored(finding.severity, finding.rule)
+          << "]\n";
     if (lines)
         printLine(finding, *lines);
     if (!finding.hint.isEmpty())
@@ -100,6 +100,9 @@ void CheckText::print(const QString &name, const CatalogFinding &finding, Source
 
 void CheckText::printLine(const CatalogFinding &finding, SourceLines &lines)
 {
+    const bool isAboutTheFile = finding.line == 1 && finding.column == 1;
+    if (isAboutTheFile)
+        return;
     const qint64 endColumn =
         finding.endLine == finding.line ? finding.endColumn : std::numeric_limits<int>::max();
     const auto excerpt = lines.excerpt(finding.line, finding.column, endColumn);

@@ -57,7 +57,8 @@ std::optional<SourceLines::Excerpt> SourceLines::excerpt(qint64 line, qint64 col
         return std::nullopt;
     const int at = int(place);
     const int first = std::max(0, at - widthBefore);
-    const int end = int(std::clamp<qint64>(endColumn - 1 - m_skipped, at, std::min(m_piece.size(), first + width)));
+    const int end =
+        int(std::clamp<qint64>(endColumn - 1 - m_skipped, at, std::min(m_piece.size(), first + width)));
     const QString before = first > 0 ? QStringLiteral("…") : QString();
     const QString after = m_piece.size() > first + width ? QStringLiteral("…") : QString();
     Excerpt excerpt;

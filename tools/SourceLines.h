@@ -17,9 +17,9 @@ public:
     /// What is to be seen of a line.
     struct Excerpt
     {
-        QString text;      ///< fit for a terminal, on which it takes one line
-        int start = 0;     ///< cells of the terminal before the place
-        int length = 1;    ///< cells that the place takes, at least one
+        QString text;   ///< fit for a terminal, on which it takes one line
+        int start = 0;  ///< cells of the terminal before the place
+        int length = 1; ///< cells that the place takes, at least one
     };
 
     /// Of the file at `path`; without lines when it cannot be read.

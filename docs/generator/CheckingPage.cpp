@@ -30,7 +30,8 @@ QString ruleTables()
 QString ruleSection(const CatalogRule &rule)
 {
     CatalogRule shown = rule;
-    shown.explanation = rule.explanation.toHtmlEscaped().replace(QLatin1String("&quot;"), QLatin1String("\""));
+    shown.explanation =
+        rule.explanation.toHtmlEscaped().replace(QLatin1String("&quot;"), QLatin1String("\""));
     return QStringLiteral("### %1\n\n%2: %3.\n\n")
                .arg(rule.id, Tools::severityText(rule), rule.summary.toHtmlEscaped())
            + Tools::ruleMarkdown(shown);
@@ -48,9 +49,8 @@ QString ruleSections()
 
 QString checkingPage(const QString &page, QStringList &absent)
 {
-    return withParts(page,
-                     {{QLatin1String("rules"), ruleTables}, {QLatin1String("explanations"), ruleSections}},
-                     absent);
+    return withParts(
+        page, {{QLatin1String("rules"), ruleTables}, {QLatin1String("explanations"), ruleSections}}, absent);
 }
 
 } // namespace Orvida::Docs

@@ -6,8 +6,8 @@
 
 namespace Orvida::Docs {
 
-/// `page` with its list of rules and all that there is to say of each made anew. `absent` gets the names of the
-/// parts that it has no place for.
+/// `page` with its list of rules and all that there is to say of each made anew. `absent` gets the names of
+/// the parts that it has no place for.
 QString checkingPage(const QString &page, QStringList &absent);
 
 } // namespace Orvida::Docs

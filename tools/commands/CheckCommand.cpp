@@ -49,11 +49,11 @@ CLI::Option *addChoice(CLI::App &command, const char *name, const std::map<std::
 int reportUnknownRule(const QString &id)
 {
     const QStringList near = nearNames(id, ruleIds());
-    printMessage(QStringLiteral("there is no rule %1; %2")
-                     .arg(quoted(id), near.isEmpty()
-                                          ? QStringLiteral("orvida-catalog check --rules lists them")
-                                          : QStringLiteral("did you mean %1?")
-                                                .arg(near.join(QStringLiteral(", ")))));
+    printMessage(
+        QStringLiteral("there is no rule %1; %2")
+            .arg(quoted(id), near.isEmpty()
+                                 ? QStringLiteral("orvida-catalog check --rules lists them")
+                                 : QStringLiteral("did you mean %1?").arg(near.join(QStringLiteral(", ")))));
     return WrongUsage;
 }
 
@@ -93,12 +93,12 @@ void CheckCommand::addFindingOptions(CLI::App &command)
     addChoice(command, "--format", formats, m_format, "How to print findings; text if left out")
         ->option_text("text|json|sarif");
     addChoice(command, "--severity", severities, m_least,
-              "The mildest findings to print; if left out, warning for text and note for JSON and\nSARIF")
+              "Print findings from this severity on; if left out, warning as text, otherwise note")
         ->option_text("error|warning|note");
     command
         .add_option("--rule", m_levels,
-                    "What to take the findings of a rule for: error, warning, note or off; repeatable")
-        ->option_text("ID=LEVEL")
+                    "Take findings of RULE for error, warning or note, or turn it off; may be repeated")
+        ->option_text("RULE=LEVEL")
         ->allow_extra_args(false);
     command.add_flag("--warnings-as-errors", m_options.areWarningsErrors, "Take all warnings for errors");
     command.add_flag("--all", m_options.listsAll, "Print all findings, and not at most 100 of each rule");
@@ -109,7 +109,7 @@ void CheckCommand::addRuleOptions(CLI::App &command)
     const auto rules = command.add_flag("--rules", m_listsRules, "Print all rules, and check nothing");
     addTextOption(command, "--explain", m_explainedRule,
                   "Print what this rule is for, with an example, and check nothing")
-        ->option_text("ID")
+        ->option_text("RULE")
         ->excludes(rules);
 }
 
@@ -156,13 +156,13 @@ bool CheckCommand::takeLevel(const QString &setting)
         return false;
     }
     if (level == levels.end()) {
-        printMessage(QStringLiteral("--rule %1 says nothing of what to do; write %2=error, =warning, =note "
-                                    "or =off")
-                         .arg(quoted(setting), id));
+        printMessage(QStringLiteral("--rule %1 is no RULE=LEVEL; a level is error, warning, note or off")
+                         .arg(quoted(setting)));
         return false;
     }
     if (rule->refuses) {
-        printMessage(QStringLiteral("rule %1 is always an error: a file that breaks it does not load").arg(id));
+        printMessage(
+            QStringLiteral("rule %1 is always an error: a file that breaks it does not load").arg(id));
         return false;
     }
     m_options.levels.insert(id, level->second);
@@ -172,7 +172,8 @@ bool CheckCommand::takeLevel(const QString &setting)
 int CheckCommand::checkFiles()
 {
     CommandOutput output;
-    m_options.least = m_least.value_or(m_format == Format::Text ? CatalogSeverity::Warning : CatalogSeverity::Note);
+    m_options.least =
+        m_least.value_or(m_format == Format::Text ? CatalogSeverity::Warning : CatalogSeverity::Note);
     const std::unique_ptr<CheckReport> report = makeReport(output);
     int status = Done;
     for (const std::string &fileName : m_fileNames) {

@@ -42,7 +42,7 @@ private:
     CheckedFile::Options m_options;
     Format m_format = Format::Text;
     std::optional<CatalogSeverity> m_least;
-    std::vector<std::string> m_levels; ///< as given: ID=LEVEL
+    std::vector<std::string> m_levels; ///< as given: RULE=LEVEL
     ColorChoice m_color = ColorChoice::Auto;
     bool m_listsRules = false;
     std::optional<QString> m_explainedRule;
