@@ -1,6 +1,7 @@
 // The command-line tool orvida-catalog: lists its commands.
 #include "tools/CommandLine.h"
 #include "tools/ExitStatus.h"
+#include "tools/commands/CheckCommand.h"
 #include "tools/commands/ExplainCommand.h"
 #include "tools/commands/FormCommand.h"
 #include "tools/commands/JsonCommand.h"
@@ -42,6 +43,7 @@ std::vector<std::unique_ptr<Command>> makeCommands()
     commands.push_back(std::make_unique<JsonCommand>());
     commands.push_back(std::make_unique<FormCommand>(TextForm::Scrambled));
     commands.push_back(std::make_unique<FormCommand>(TextForm::Readable));
+    commands.push_back(std::make_unique<CheckCommand>());
     commands.push_back(std::make_unique<ExplainCommand>());
     commands.push_back(std::make_unique<NewCommand>());
     return commands;
