@@ -22,8 +22,8 @@ public:
     }
 
     /// Every item with its fields for each profile of `profiles`, and the codes of each. Items come in
-    /// display order, those outside the tree after them by id. `style` is the file's style value. The
-    /// catalog loses its fields and its profile on the way.
+    /// display order, those outside the tree after them by id. `style` is the file's style value. Leaves
+    /// the catalog with another profile.
     void write(Catalogs::Catalog &catalog, const QStringList &profiles, qint64 style);
 
 private:

@@ -50,13 +50,15 @@ void reportLosses(CatalogFile &file)
     CatalogChecker checker;
     checker.setForm(file.form() == TextForm::Readable ? CatalogChecker::Form::Readable
                                                       : CatalogChecker::Form::Scrambled);
-    checker.setFindingsPerRule(0);
     for (const CatalogRule &rule : CatalogChecker::rules())
         checker.setLevel(rule.id,
                          isOfLosses(rule) ? CatalogChecker::Level::Warning : CatalogChecker::Level::Off);
     checker.check(file.path());
     for (const CatalogFinding &finding : checker.findings())
         report(file.name(), finding);
+    const int hidden = checker.count(Checking::CatalogSeverity::Warning) - checker.findings().size();
+    if (hidden > 0)
+        printMessage(QStringLiteral("and %1 more like these").arg(hidden));
 }
 
 } // namespace

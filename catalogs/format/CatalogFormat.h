@@ -1,4 +1,4 @@
-// The format of catalog files, told once: its records and their fields, as plain tables. Needs Qt Core only.
+// The format of catalog files in one place: its records and their fields, as plain tables. Needs Qt Core only.
 #pragma once
 
 #include "catalogs/CatalogsExport.h"

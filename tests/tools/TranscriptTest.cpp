@@ -1,10 +1,9 @@
 // Transcripts of orvida-catalog: what it prints for a call, compared whole.
 //
-// A transcript is a page of text. In it, indented by four spaces, stand calls ("$ ..." for a shell, continued
-// by
-// "> ...") and below each what came of it: standard output, standard error with "! " before each line, and in
-// brackets an exit status other than 0. With ORVIDA_UPDATE=1 the pages are written anew; read the difference
-// before you commit it.
+// A transcript is a page of text with calls, indented by four spaces: "$ ..." for a shell, continued by
+// "> ...". Below each is what it printed: standard output, standard error with "! " before each line, and in
+// brackets an exit status other than 0. With ORVIDA_UPDATE=1 the pages are rewritten; read the diff before
+// you commit it.
 
 #include <QDir>
 #include <QFile>

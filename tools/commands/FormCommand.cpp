@@ -45,8 +45,8 @@ void FormCommand::addOptions(CLI::App &command)
     command.add_flag("--in-place", m_isInPlace, "Write over FILE")->excludes(output);
     command.add_flag(
         "--force", m_isForced,
-        "Change also a file that seems to be in this form, the first piece of a text of which a\n"
-        "load takes no more, and digits in lower case");
+        "Also change a file that seems to have this form already, texts of which a load takes only\n"
+        "the first piece, and digits in lower case");
 }
 
 int FormCommand::run()
