@@ -17,7 +17,7 @@ install(TARGETS ${ORVIDA_INSTALLED_TARGETS} EXPORT OrvidaCatalogsTargets
   FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvida)
 install(EXPORT OrvidaCatalogsTargets NAMESPACE Orvida:: DESTINATION ${ORVIDA_INSTALL_CMAKEDIR})
 if(IS_ABSOLUTE ${CMAKE_INSTALL_INCLUDEDIR})
-  # CMake 3.25 looks for file sets below the prefix, absolute or not.
+  # CMake 3.25 looks for file sets below the prefix even if their folder is absolute.
   cmake_path(ABSOLUTE_PATH ORVIDA_INSTALL_CMAKEDIR BASE_DIRECTORY "\${CMAKE_INSTALL_PREFIX}"
     OUTPUT_VARIABLE folder)
   install(CODE "
@@ -38,8 +38,8 @@ install(FILES
   ${PROJECT_BINARY_DIR}/OrvidaCatalogsConfigVersion.cmake
   DESTINATION ${ORVIDA_INSTALL_CMAKEDIR})
 
-# The pkg-config file finds the prefix from its own folder, however deep that is, so that an installation
-# can be moved. With an absolute library folder there is no such way.
+# The pkg-config file finds the prefix relative to its own folder, so that an installation can be moved. With
+# an absolute library folder it cannot.
 set(ORVIDA_PC_PREFIX ${CMAKE_INSTALL_PREFIX})
 if(NOT IS_ABSOLUTE ${CMAKE_INSTALL_LIBDIR})
   file(RELATIVE_PATH up /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)

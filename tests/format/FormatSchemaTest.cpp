@@ -1,4 +1,4 @@
-// The schemas of both forms, as xmllint reads them, against the loader: they take and refuse the same
+// The schemas of both forms, as xmllint applies them, against the loader: they accept and refuse the same
 // records.
 
 #include "catalogs/building/CatalogLoader.h"
@@ -24,7 +24,7 @@ using Record = CatalogFormat::Record;
 const QString scrambledSchema = QStringLiteral(ORVIDA_SCHEMAS "/catalog.xsd");
 const QString readableSchema = QStringLiteral(ORVIDA_SCHEMAS "/catalog-readable.xsd");
 
-// The messages of xmllint on the file at `path`; empty when `schema` takes it.
+// The messages of xmllint about the file at `path`; empty when `schema` accepts it.
 QString complaints(const QString &schema, const QString &path)
 {
     QProcess lint;
@@ -66,7 +66,7 @@ QString element(const QString &name, const QString &content)
     return QStringLiteral("<%1>%2</%1>\n").arg(name, content);
 }
 
-// Whether `schema` takes a file with these records.
+// Whether `schema` accepts a file with these records.
 bool takes(const QString &schema, const QString &records)
 {
     const CatalogFolder folder;
@@ -210,7 +210,7 @@ void FormatSchemaTest::takesWhatAFieldMayHold()
     QFETCH(QString, refused);
     const Field &field = *CatalogFormat::field(name);
     const Record &record = *CatalogFormat::recordOf(field);
-    // Scrambled but for the text in question.
+    // Scrambled, except for the text in question.
     const QString mark = QStringLiteral("<!-- here -->");
     const QString pattern = scrambledRecords(readable(record, true, &field, mark));
     const auto recordsWith = [&](const QString &text) { return QString(pattern).replace(mark, text); };
