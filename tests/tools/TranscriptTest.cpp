@@ -143,6 +143,7 @@ void TranscriptTest::isWhatTheToolPrints()
         for (const QFileInfo &file : QDir(source).entryInfoList({QStringLiteral("*.xml")}, QDir::Files))
             QVERIFY(QFile::copy(file.filePath(), folder.filePath(file.fileName())));
     }
+    QVERIFY(QFile::copy(QFINDTESTDATA("../../docs/format.md"), folder.filePath(QStringLiteral("format.md"))));
     const QString expected = contentOf(path);
     const QString actual = replayed(expected, folder.path());
     if (expected == actual)
