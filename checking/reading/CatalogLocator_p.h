@@ -93,7 +93,7 @@ private:
     void openLostRecord(Section kind, LocatedRecord::State state);
     void openLostKey(QStringView name);
     void addLostKey();
-    void finishLostRecord(int record);
+    void finishLostRecord(int index);
 
     QXmlStreamReader &m_xml;
     Catalogs::CatalogReadFailure &m_refusal;

@@ -181,7 +181,7 @@ struct LocatedCatalog
         return isTrue(value(record, token));
     }
     /// The key by which people know a record; 0 when it has none.
-    Symbol keyOf(int record) const;
+    Symbol keyOf(int index) const;
     /// What stands in the file for a scrambled value that is not what the encoder writes; otherwise empty.
     QStringView rawText(const LocatedField &field) const;
     int toNumber(Symbol symbol) const;
@@ -190,9 +190,9 @@ struct LocatedCatalog
     const LocatedRecord &record(int index) const { return records[std::size_t(index)]; }
     int recordCount() const { return int(records.size()); }
     /// The fields of a record, overruled ones included.
-    const LocatedField *begin(int record) const;
-    const LocatedField *end(int record) const;
-    const CatalogFormat::Field &format(int record, const LocatedField &field) const;
+    const LocatedField *begin(int index) const;
+    const LocatedField *end(int index) const;
+    const CatalogFormat::Field &format(int index, const LocatedField &field) const;
 
     TextTable texts;
     std::vector<LocatedRecord> records;

@@ -33,6 +33,7 @@ std::vector<int> sortedProfiles(const Check &check)
     std::sort(profiles.begin(), profiles.end(),
               [](const Profile &a, const Profile &b) { return a.sortOrder < b.sortOrder; });
     std::vector<int> records;
+    records.reserve(profiles.size());
     for (const Profile &profile : profiles)
         records.push_back(profile.record);
     return records;

@@ -226,7 +226,7 @@ QString otherProfiles(const Check &check, const std::vector<Symbol> &profiles)
     QStringList names;
     int count = 0;
     check.links.keys(KeySpace::Profile).forEach([&](const Groups::Members &records) {
-        const Symbol profile = Symbol(records.key());
+        const auto profile = Symbol(records.key());
         if (std::binary_search(profiles.begin(), profiles.end(), profile))
             return;
         if (count++ < mostNamed)

@@ -178,7 +178,7 @@ namespace {
 // nothing but characters that can be printed. Otherwise empty.
 QString printableText(QStringView scrambled, int pairs)
 {
-    if (scrambled.size() < 2 * pairs || scrambled.size() % 2 != 0
+    if (scrambled.size() / 2 < pairs || scrambled.size() % 2 != 0
         || !std::all_of(scrambled.begin(), scrambled.end(), isUpperHexDigit))
         return QString();
     const QString raw = scrambled.toString();
