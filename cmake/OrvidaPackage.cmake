@@ -12,19 +12,31 @@ if(TARGET orvidashared)
   set(ORVIDA_PC_HOST_LIBS " -lorvidashared")
 endif()
 
-install(TARGETS ${ORVIDA_INSTALLED_TARGETS} EXPORT OrvidaCatalogsTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvida)
-install(EXPORT OrvidaCatalogsTargets NAMESPACE Orvida:: DESTINATION ${ORVIDA_INSTALL_CMAKEDIR})
-if(IS_ABSOLUTE ${CMAKE_INSTALL_INCLUDEDIR})
-  # CMake 3.25 looks for file sets below the prefix, absolute or not.
-  cmake_path(ABSOLUTE_PATH ORVIDA_INSTALL_CMAKEDIR BASE_DIRECTORY "\${CMAKE_INSTALL_PREFIX}"
-    OUTPUT_VARIABLE folder)
-  install(CODE "
-    set(file \"\$ENV{DESTDIR}${folder}/OrvidaCatalogsTargets.cmake\")
-    file(READ \"\${file}\" targets)
-    string(REPLACE \"\\\${_IMPORT_PREFIX}//\" \"/\" targets \"\${targets}\")
-    file(WRITE \"\${file}\" \"\${targets}\")")
+# Installs libraries with their headers, and the file `name`.cmake that gives them to hosts.
+function(orvida_install_export name)
+  install(TARGETS ${ARGN} EXPORT ${name}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvida)
+  install(EXPORT ${name} NAMESPACE Orvida:: DESTINATION ${ORVIDA_INSTALL_CMAKEDIR})
+  if(IS_ABSOLUTE ${CMAKE_INSTALL_INCLUDEDIR})
+    # CMake 3.25 looks for file sets below the prefix, absolute or not.
+    cmake_path(ABSOLUTE_PATH ORVIDA_INSTALL_CMAKEDIR BASE_DIRECTORY "\${CMAKE_INSTALL_PREFIX}"
+      OUTPUT_VARIABLE folder)
+    install(CODE "
+      set(file \"\$ENV{DESTDIR}${folder}/${name}.cmake\")
+      file(READ \"\${file}\" targets)
+      string(REPLACE \"\\\${_IMPORT_PREFIX}//\" \"/\" targets \"\${targets}\")
+      file(WRITE \"\${file}\" \"\${targets}\")")
+  endif()
+endfunction()
+
+orvida_install_export(OrvidaCatalogsTargets ${ORVIDA_INSTALLED_TARGETS})
+# A package of its own may hold it.
+orvida_install_export(OrvidaCheckingTargets orvidachecking)
+list(APPEND ORVIDA_COMPONENTS Checking)
+if(ORVIDA_WITH_MODELS)
+  orvida_install_export(OrvidaModelsTargets orvidamodels)
+  list(APPEND ORVIDA_COMPONENTS Models)
 endif()
 
 list(JOIN ORVIDA_COMPONENTS ", " ORVIDA_COMPONENT_NAMES)
