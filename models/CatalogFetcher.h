@@ -58,7 +58,7 @@ protected:
     void customEvent(QEvent *event) override;
 
 private:
-    struct Private;
+    struct Q_DECL_HIDDEN Private;
     const std::unique_ptr<Private> m_private;
 };
 

@@ -76,7 +76,7 @@ Q_SIGNALS:
     void profileChanged(const QString &profile);
 
 private:
-    struct Private;
+    struct Q_DECL_HIDDEN Private;
     const std::unique_ptr<Private> m_private;
 };
 
