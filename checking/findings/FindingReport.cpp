@@ -137,7 +137,7 @@ void FindingReport::finish()
 // Gives its place in the list.
 int FindingReport::addNew(const Fault &fault)
 {
-    const std::size_t rule = std::size_t(fault.rule);
+    const auto rule = std::size_t(fault.rule);
     const CatalogSeverity severity =
         m_settings.isGiven[rule] ? severityOf(m_settings.levels[rule]) : fault.severity;
     ++totals[rule].findings;
@@ -170,7 +170,7 @@ void FindingReport::findSuppressions()
             const RuleRow *row = ruleRow(m_catalog.texts.text(id));
             if (!row || row->use == RuleUse::Refuses)
                 continue;
-            const std::size_t rule = std::size_t(row->rule);
+            const auto rule = std::size_t(row->rule);
             if (!directive.isForFile)
                 m_suppressions[rule].push_back({directive.at, directive.end, index});
             else if (m_suppressedInFile[rule] < 0)

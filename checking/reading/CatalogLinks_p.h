@@ -108,7 +108,7 @@ public:
 
 private:
     void findKeys();
-    void addKeys(int record);
+    void addKeys(int index);
     void dropReplaced(KeySpace space);
     void dropColumns();
     void dropListClasses();

@@ -1,4 +1,4 @@
-# Installs into a scratch prefix: the headers, each of them and no private one.
+# Installs into a scratch prefix: all public headers and no private one, the tool, samples and schemas.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
 file(REMOVE_RECURSE ${PREFIX})
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${PREFIX})
