@@ -35,6 +35,10 @@ orvida_install_export(OrvidaCatalogsTargets ${ORVIDA_INSTALLED_TARGETS})
 # A package of its own may hold it.
 orvida_install_export(OrvidaCheckingTargets orvidachecking)
 list(APPEND ORVIDA_COMPONENTS Checking)
+if(ORVIDA_WITH_MODELS)
+  orvida_install_export(OrvidaModelsTargets orvidamodels)
+  list(APPEND ORVIDA_COMPONENTS Models)
+endif()
 
 list(JOIN ORVIDA_COMPONENTS ", " ORVIDA_COMPONENT_NAMES)
 configure_package_config_file(cmake/OrvidaCatalogsConfig.cmake.in
@@ -63,7 +67,11 @@ elseif(ORVIDA_HOST_TARGET)
   message(STATUS "orvida-catalogs.pc does not name the host layer: users of pkg-config have to add the "
     "flags of ${ORVIDA_HOST_TARGET} themselves, unless ORVIDA_HOST_PKGCONFIG gives its pkg-config name")
 endif()
-foreach(name orvida-catalogs orvida-checking)
+set(packages orvida-catalogs orvida-checking)
+if(ORVIDA_WITH_MODELS)
+  list(APPEND packages orvida-models)
+endif()
+foreach(name IN LISTS packages)
   configure_file(cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endforeach()
