@@ -39,8 +39,8 @@ CatalogFile CatalogFile::load(const Options &options)
         return file;
     {
         const LibraryOutput output(options.showsLog ? LibraryOutput::Everything : LibraryOutput::Problems);
-        file.m_catalog = Catalogs::CatalogLoader().loadCatalog(file.path(), options.fileName);
-        file.m_hasLooseEnds = output.hasHeldBack();
+        file.m_catalog = Catalogs::CatalogLoader().loadCatalog(file.loadedPath(), options.fileName);
+        file.m_hasLosses = output.hasHeldBack();
     }
     if (!file.isLoaded())
         file.findFailure();
@@ -54,14 +54,14 @@ const CatalogXMLParser &CatalogFile::records()
         const LibraryOutput output(LibraryOutput::Nothing);
         m_records = std::make_unique<CatalogXMLParser>();
         QHash<QString, QSharedPointer<Catalogs::CatalogItem>> items;
-        m_records->readFile(path(), items);
+        m_records->readFile(loadedPath(), items);
     }
     return *m_records;
 }
 
 qint64 CatalogFile::style() const
 {
-    return CatalogXMLParser().readCatalogStyleFlag(path());
+    return CatalogXMLParser().readCatalogStyleFlag(loadedPath());
 }
 
 QStringList CatalogFile::profiles()
@@ -109,17 +109,17 @@ bool CatalogFile::prepare()
     return true;
 }
 
-// The loader only tells that a load failed. Reading the records tells why.
+// The loader only reports that a load failed. Reading the records shows why.
 void CatalogFile::findFailure()
 {
     const CatalogReadFailure &failure = records().failure();
     m_failure = failureOf(failure, otherFormText());
     if (failure.reason == CatalogReadFailure::RecordRefused && m_form == TextForm::Readable)
         m_failure.position =
-            translated(m_failure.position, RecordPositions(path(), TextForm::Scrambled), positions());
+            translated(m_failure.position, RecordPositions(loadedPath(), TextForm::Scrambled), positions());
 }
 
-QString CatalogFile::path() const
+QString CatalogFile::loadedPath() const
 {
     return m_form == TextForm::Readable ? m_scrambled.path() : m_input.path();
 }

@@ -66,7 +66,7 @@ FieldTexts Finder::run()
     return m_found;
 }
 
-// Both readers go on by one token; false at the end, and when they part.
+// Moves both readers on by one token; false at the end, and when their tokens differ.
 bool Finder::readNext()
 {
     const auto token = m_reader.readNext();

@@ -9,8 +9,8 @@ namespace {
 
 const char head[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!-- A catalog to start from, in the readable form: make what hosts load of it with "orvida-catalog scramble",
-     and look at it with "orvida-catalog show" and the option for readable files. What an element is for tells
-     "orvida-catalog explain". -->
+     and look at it with "orvida-catalog show" and the option for readable files. "orvida-catalog explain" says
+     what an element is for. -->
 <OVCAT>
 
   <!-- What the catalog is; 2147483648 as style would say that it supports 3D. -->

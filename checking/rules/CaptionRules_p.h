@@ -9,7 +9,7 @@ namespace Orvida::Checking {
 
 class Check;
 
-/// Placeholders in a text: an at sign that does not follow a letter or digit, with letters, digits or _.
+/// The placeholders in a text.
 std::vector<QStringView> placeholdersIn(QStringView text);
 
 void findMissingCaptions(Check &check);

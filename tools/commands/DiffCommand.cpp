@@ -9,7 +9,7 @@
 #include "tools/Options.h"
 #include "tools/OutputFile.h"
 
-#include <QFileInfo>
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <map>
@@ -116,11 +116,9 @@ QString DiffCommand::usageError() const
         return QStringLiteral("only one of the two files can be standard input");
     if (m_mapName == stream)
         return QStringLiteral("the map needs a file of its own: standard output has the changes");
-    const QString map = QFileInfo(m_mapName.value_or(QString())).canonicalFilePath();
-    for (const QString &name : {*m_oldName, *m_newName}) {
-        if (!map.isEmpty() && map == QFileInfo(name).canonicalFilePath())
-            return QStringLiteral("%1 is one of the catalogs; give the map another name").arg(*m_mapName);
-    }
+    const OutputFile map(m_mapName.value_or(QString()));
+    if (m_mapName && (map.isSameAs(*m_oldName) || map.isSameAs(*m_newName)))
+        return QStringLiteral("%1 is one of the catalogs; give the map another name").arg(*m_mapName);
     return QString();
 }
 
@@ -151,13 +149,8 @@ int DiffCommand::compareFiles() const
     if (!knowsProfile(comparison))
         return AnswerIsNo;
     int status = statusOf(comparison);
-    if (m_mapName) {
-        const QString errorText = errorOfWriting(*m_mapName, renameTable(comparison.renames(), m_mapsWeak));
-        if (!errorText.isEmpty()) {
-            printError(*m_mapName, {}, QStringLiteral("cannot write the file: ") + errorText);
-            status = NotReadable;
-        }
-    }
+    if (m_mapName)
+        status = OutputFile(*m_mapName).write(renameTable(comparison.renames(), m_mapsWeak), status);
     CommandOutput output;
     printChanges(output, comparison);
     return output.finish(status);
