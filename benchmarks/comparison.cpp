@@ -1,5 +1,5 @@
-// comparison OLD NEW: compares two catalogs once, for callgrind to count the instructions, and prints how many
-// changes there are.
+// comparison OLD NEW: compares two catalogs once, for callgrind to count the instructions, and prints how
+// many changes there are.
 #include "checking/CatalogComparison.h"
 
 #include <QFile>

@@ -60,7 +60,7 @@ struct CatalogChange
     CatalogChangePlace oldPlace;
     CatalogChangePlace newPlace;
     /// Up to twenty further codes that it touches, in the order of the tree: those of the fields that use a
-    /// list, those below a code that is outside of the tree. And how many there are.
+    /// list, those below a code that is outside the tree. And how many there are.
     QStringList codes;
     int codeCount = 0;
 };

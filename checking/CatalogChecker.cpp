@@ -101,7 +101,7 @@ void askRules(Check &check)
     }
 }
 
-struct CatalogChecker::Private
+struct Q_DECL_HIDDEN CatalogChecker::Private
 {
     Reading read(const QString &fileName, bool isReadable) const;
     void judge(const QString &fileName, const Reading &reading, const std::optional<ClearTexts> &clearTexts);

@@ -62,7 +62,7 @@ void sortRenames(QVector<CatalogRename> &renames)
 
 } // namespace
 
-struct CatalogComparison::Private
+struct Q_DECL_HIDDEN CatalogComparison::Private
 {
     /// What is known of an edition.
     struct Facts

@@ -62,7 +62,7 @@ constexpr std::array<ChangeRow, std::size_t(Change::Count)> rows = {{
      "a code belongs to several items now",
      "One item had the code, several have it now. Which of them answers for recorded observations is left to chance."},
     {Change::CodeUnreachable, "code-unreachable", breaking,
-     "a code is outside of the tree now",
+     "a code is outside the tree now",
      "Its parent is missing, or it is its own ancestor; or that is so of an item above it, and it is counted there. "
      "Nobody can choose it."},
     {Change::CodeAdded, "code-added", addition,

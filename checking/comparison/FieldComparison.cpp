@@ -1,7 +1,7 @@
 #include "checking/comparison/FieldComparison_p.h"
 
-#include "catalogs/reading/FieldConversion_p.h"
 #include "checking/findings/Wording_p.h"
+#include "checking/rules/FieldTypes_p.h"
 
 #include <QDate>
 
@@ -17,7 +17,6 @@ namespace {
 using InputField = CatalogLinks::InputField;
 using Px = ParameterExtensionToken;
 using Set = ProfilePairs::Set;
-using Type = Shared::InputField::DataType;
 
 // Texts of which it only matters whether they are the same.
 struct TextProperty
@@ -48,13 +47,7 @@ constexpr ParameterProperty parameterTexts[] = {
 
 Type typeOf(const Edition &edition, const InputField &field)
 {
-    const QString text = edition.string(field.parameter, ParameterToken::PARAM_DataType);
-    return Type(Catalogs::toParameterType(QStringRef(&text)));
-}
-
-bool isNumeric(Type type)
-{
-    return type == Shared::InputField::Integer || type == Shared::InputField::Decimal;
+    return parameterType(edition.check(), field.parameter);
 }
 
 // A limit as a number: a number itself, or the day of a date.
@@ -62,7 +55,7 @@ std::optional<double> limitOf(const QString &text)
 {
     bool isNumber = false;
     const double number = text.toDouble(&isNumber);
-    if (isNumber)
+    if (isNumber && qIsFinite(number))
         return number;
     const QDate date = QDate::fromString(text, Qt::ISODate);
     return date.isValid() ? std::optional<double>(double(date.toJulianDay())) : std::nullopt;
@@ -163,7 +156,8 @@ void FieldComparison::compareColumn()
     if (!m_column.onlyOld.empty()) {
         ChangeDraft &draft = add(Change::FieldRemoved, m_column.onlyOld);
         const QString column = m_pair.oldEdition.text(m_before.column).toString();
-        draft.told.subject = shown(m_pair.newEdition.nameOf(m_newItem)) + QStringLiteral(" · ") + shown(column);
+        draft.told.subject =
+            shown(m_pair.newEdition.nameOf(m_newItem)) + QStringLiteral(" · ") + shown(column);
         draft.told.column = column;
         draft.told.oldText = column;
         draft.told.message = isSameColumn ? QStringLiteral("field removed: the column is gone")

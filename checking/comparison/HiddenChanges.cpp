@@ -38,7 +38,7 @@ ChangeDraft &add(EditionPair &pair, Change change, int oldRecord, int newRecord)
 }
 
 // Fields of a kind of record that a load does nothing with, but for those that are compared.
-std::vector<const CatalogFormat::Field *> unreadFields(Section kind)
+QVector<CatalogFormat::Field> unreadFields(Section kind)
 {
     const auto isCompared = [kind](const CatalogFormat::Field &field) {
         return (kind == Section::CATALOG
@@ -48,26 +48,26 @@ std::vector<const CatalogFormat::Field *> unreadFields(Section kind)
                    && (field.token == int(ColumnToken::COL_Export_ID)
                        || field.token == int(ColumnToken::COL_Transport)));
     };
-    std::vector<const CatalogFormat::Field *> fields;
+    QVector<CatalogFormat::Field> fields;
     for (const CatalogFormat::Field &field : CatalogFormat::record(int(kind)).fields) {
         const bool isUnread =
             field.use == CatalogFormat::Use::Stored || field.use == CatalogFormat::Use::NotRead;
         // Of a column's type, only that there is one matters.
         const bool isType = field.kind == CatalogFormat::Kind::ColumnType;
         if ((isUnread || isType) && !isCompared(field))
-            fields.push_back(&field);
+            fields.append(field);
     }
     return fields;
 }
 
 void compareUnreadFields(EditionPair &pair, const Records &records,
-                         const std::vector<const CatalogFormat::Field *> &fields)
+                         const QVector<CatalogFormat::Field> &fields)
 {
     QStringList names;
-    for (const CatalogFormat::Field *field : fields) {
-        if (pair.oldEdition.value(records.oldRecord, field->token)
-            != pair.newEdition.value(records.newRecord, field->token))
-            names.append(field->name);
+    for (const CatalogFormat::Field &field : fields) {
+        if (pair.oldEdition.value(records.oldRecord, field.token)
+            != pair.newEdition.value(records.newRecord, field.token))
+            names.append(field.name);
     }
     if (!names.isEmpty())
         add(pair, Change::UnusedChanged, records.oldRecord, records.newRecord).told.message =

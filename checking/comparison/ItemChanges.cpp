@@ -229,7 +229,7 @@ void ItemComparison::comparePlace()
         return;
     ChangeDraft &draft = add(Change::CodeMoved);
     const auto parentName = [](const Edition &edition, int parent) {
-        return parent == CatalogLinks::missing ? QStringLiteral("outside of the tree")
+        return parent == CatalogLinks::missing ? QStringLiteral("outside the tree")
                                                : edition.nameOf(parent);
     };
     draft.told.oldText = parentName(m_old, oldParent);
@@ -378,7 +378,7 @@ void findUnreachable(EditionPair &pair)
                 draft.told.codes.append(pair.newEdition.nameOf(item));
         }
         draft.told.codeCount = members.size() - 1;
-        draft.told.message = QStringLiteral("outside of the tree now");
+        draft.told.message = QStringLiteral("outside the tree now");
         if (draft.told.codeCount > 0)
             draft.told.message +=
                 QStringLiteral(", with %1 below").arg(counted(draft.told.codeCount, "code"));

@@ -13,9 +13,6 @@ namespace Orvida::Checking {
 
 namespace {
 
-// Of LC_TypeFlags: what an entry records.
-constexpr int valueFlags = 0x21;
-
 // Whether texts that both editions number have little in common.
 bool areUnlike(const Edition &oldEdition, int oldRecord, const Edition &newEdition, int newRecord,
                ListItemToken token)
@@ -33,6 +30,8 @@ public:
           m_profile(profile),
           m_oldRecord(oldRecord),
           m_newRecord(newRecord),
+          m_oldChoice(valueChoice(pair.oldEdition.check(), oldRecord)),
+          m_newChoice(valueChoice(pair.newEdition.check(), newRecord)),
           m_olds(entriesByValue(pair.oldEdition, oldRecord)),
           m_news(entriesByValue(pair.newEdition, newRecord)),
           m_id(pair.newEdition.string(newRecord, ListClassToken::LC_Class_ID))
@@ -46,12 +45,12 @@ private:
     ChangeDraft &addValue(Change change, const ListEntry *before, const ListEntry *after);
     QString oldValue(const ListEntry &entry) const
     {
-        return m_pair.oldEdition.text(listValue(m_pair.oldEdition.check(), m_oldRecord, entry.record))
+        return m_pair.oldEdition.text(listValue(m_pair.oldEdition.check(), m_oldChoice, entry.record))
             .toString();
     }
     QString newValue(const ListEntry &entry) const
     {
-        return m_pair.newEdition.text(listValue(m_pair.newEdition.check(), m_newRecord, entry.record))
+        return m_pair.newEdition.text(listValue(m_pair.newEdition.check(), m_newChoice, entry.record))
             .toString();
     }
     bool compareRule();
@@ -64,6 +63,8 @@ private:
     const int m_profile;
     const int m_oldRecord;
     const int m_newRecord;
+    const ValueChoice m_oldChoice;
+    const ValueChoice m_newChoice;
     const std::vector<ListEntry> m_olds;
     const std::vector<ListEntry> m_news;
     const QString m_id;
@@ -117,27 +118,29 @@ ChangeDraft &ListComparison::addValue(Change change, const ListEntry *before, co
     return draft;
 }
 
+QString choiceText(ValueChoice choice)
+{
+    switch (choice) {
+    case ValueChoice::Item: break;
+    case ValueChoice::Caption: return QStringLiteral("captions");
+    case ValueChoice::InternalOrItem: return QStringLiteral("internal values, else item texts");
+    case ValueChoice::InternalOrCaption: return QStringLiteral("internal values, else captions");
+    case ValueChoice::Internal: return QStringLiteral("internal values");
+    }
+    return QStringLiteral("item texts");
+}
+
 bool ListComparison::compareRule()
 {
-    const auto flagsOf = [](const Edition &edition, int list) {
-        return edition.catalog().number(list, ListClassToken::LC_TypeFlags) & valueFlags;
-    };
-    const int before = flagsOf(m_pair.oldEdition, m_oldRecord);
-    const int after = flagsOf(m_pair.newEdition, m_newRecord);
-    if (before == after || isDefectList(m_pair.newEdition.check(), m_newRecord))
+    if (m_oldChoice == m_newChoice)
         return true;
     ChangeDraft &draft = add(Change::ValueRuleChanged);
-    draft.told.oldText = QString::number(before);
-    draft.told.newText = QString::number(after);
+    draft.told.oldText = m_pair.oldEdition.string(m_oldRecord, ListClassToken::LC_TypeFlags);
+    draft.told.newText = m_pair.newEdition.string(m_newRecord, ListClassToken::LC_TypeFlags);
     draft.told.oldPlace = m_pair.oldEdition.placeOf(m_oldRecord, int(ListClassToken::LC_TypeFlags));
     draft.told.newPlace = m_pair.newEdition.placeOf(m_newRecord, int(ListClassToken::LC_TypeFlags));
-    const auto ruleText = [](int flags) {
-        return flags == 0    ? QStringLiteral("item texts")
-               : flags == 1  ? QStringLiteral("captions")
-               : flags == 32 ? QStringLiteral("internal values, else item texts")
-                             : QStringLiteral("internal values, else captions");
-    };
-    draft.told.message = QStringLiteral("records %1 instead of %2").arg(ruleText(after), ruleText(before));
+    draft.told.message = QStringLiteral("records %1 instead of %2")
+                             .arg(choiceText(m_newChoice), choiceText(m_oldChoice));
     return false;
 }
 

@@ -13,9 +13,10 @@ std::vector<ListEntry> entriesByValue(const Edition &edition, int record)
     std::vector<ListEntry> all;
     if (record < 0)
         return all;
+    const ValueChoice choice = valueChoice(edition.check(), record);
     for (const int member : entriesOf(edition.check(), record)) {
         ListEntry entry;
-        entry.value = edition.common(listValue(edition.check(), record, member));
+        entry.value = edition.common(listValue(edition.check(), choice, member));
         entry.caption = edition.value(member, ListItemToken::LIST_Caption);
         entry.item = edition.value(member, ListItemToken::LIST_Item);
         entry.sortOrder = edition.catalog().number(member, ListItemToken::LIST_SortOrder);

@@ -70,9 +70,10 @@ ListRelation UsedLists::related(Symbol oldId, Symbol newId) const
 bool UsedLists::losesValues(int oldList, int newList) const
 {
     const auto valuesOf = [](const Edition &edition, int list) {
+        const ValueChoice choice = valueChoice(edition.check(), list);
         std::vector<Edition::Text> values;
         for (const int entry : entriesOf(edition.check(), list))
-            values.push_back(edition.common(listValue(edition.check(), list, entry)));
+            values.push_back(edition.common(listValue(edition.check(), choice, entry)));
         std::sort(values.begin(), values.end());
         return values;
     };
