@@ -220,7 +220,7 @@ def main():
     if '--sanitized' in options:  # larger frames, and more address space than there is memory
         limits.update({resource.RLIMIT_STACK: MEGABYTE, resource.RLIMIT_AS: resource.RLIM_INFINITY,
                        resource.RLIMIT_CPU: 300})
-    print('| case | file | load, walk and end | peak | result |\n|---|---|---|---|---|')
+    print('| case | file | load, visit and destroy | peak | result |\n|---|---|---|---|---|')
     wrong = shown = 0
     with tempfile.TemporaryDirectory() as folder:
         def show(name, path, task, expected):
