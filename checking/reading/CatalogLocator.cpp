@@ -73,7 +73,7 @@ bool isWholeText(QStringView decoded, int pairs)
 
 } // namespace
 
-CatalogLocator::CatalogLocator(QXmlStreamReader &xml, CatalogReadFailure &refusal, Catalogs::TextPool &pool,
+CatalogLocator::CatalogLocator(LocatedXml &xml, CatalogReadFailure &refusal, Catalogs::TextPool &pool,
                                LocatedCatalog &catalog)
     : m_xml(xml), m_refusal(refusal), m_pool(pool), m_catalog(catalog)
 {
@@ -82,9 +82,7 @@ CatalogLocator::CatalogLocator(QXmlStreamReader &xml, CatalogReadFailure &refusa
 void CatalogLocator::seeOutside()
 {
     switch (m_xml.tokenType()) {
-    case QXmlStreamReader::StartDocument:
-        m_catalog.declaredEncoding = m_xml.documentEncoding().toString();
-        break;
+    case QXmlStreamReader::StartDocument: m_catalog.declaredEncoding = m_xml.documentEncoding(); break;
     case QXmlStreamReader::StartElement: openOutside(); break;
     case QXmlStreamReader::EndElement: close(); break;
     case QXmlStreamReader::Characters: seeStrayText(-1); break;
@@ -152,7 +150,7 @@ bool CatalogLocator::goesOnAfterRefusal()
     return true;
 }
 
-void CatalogLocator::skip(QXmlStreamReader &xml)
+void CatalogLocator::skip(LocatedXml &xml)
 {
     const std::size_t depth = m_stack.size();
     startSkipping();
@@ -186,13 +184,6 @@ CatalogReadFailure CatalogLocator::finish()
     for (std::size_t i = first; i < m_stack.size(); ++i)
         m_catalog.openElements.push_back({m_stack[i].name, m_stack[i].start});
     return m_firstRefusal;
-}
-
-// Behind the current token. To know that a text ends, the reader has read one character more.
-Position CatalogLocator::here() const
-{
-    const bool isAhead = m_xml.tokenType() == QXmlStreamReader::Characters && !m_xml.isCDATA();
-    return {quint32(m_xml.lineNumber()), quint32(m_xml.columnNumber() + (isAhead ? 0 : 1))};
 }
 
 Symbol CatalogLocator::symbolOf(QStringView shownText)
@@ -240,15 +231,11 @@ void CatalogLocator::openOutside()
     seeAttributes(-1);
 }
 
-// Attributes with a prefix are meant for other programs, such as an editor that looks for the schema.
 void CatalogLocator::seeAttributes(int record)
 {
-    const QXmlStreamAttributes attributes = m_xml.attributes();
-    for (const QXmlStreamAttribute &attribute : attributes) {
-        if (attribute.prefix().isEmpty())
-            note(Incident::IgnoredAttribute, record, m_stack.back().start, m_stack.back().name,
-                 symbolOf(attribute.name()));
-    }
+    const QStringList names = m_xml.attributeNames();
+    for (const QString &name : names)
+        note(Incident::IgnoredAttribute, record, m_stack.back().start, m_stack.back().name, symbolOf(name));
 }
 
 void CatalogLocator::seeStrayText(int record)
@@ -317,7 +304,6 @@ void CatalogLocator::openInside(int field)
     if (m_stack.back().field >= 0)
         cutBy(QString(QLatin1Char('<') + m_xml.name() + QLatin1Char('>')));
     const Open parent = m_stack.back();
-    const Section section = CCatalogTokenizer::stringToCatalogToken(m_xml.name());
     Open &element = open(field != 0 ? Open::Field : Open::Other);
     if (field != 0) {
         element.token = quint8(field);
@@ -327,7 +313,8 @@ void CatalogLocator::openInside(int field)
             note(Incident::NestedField, m_record, element.start, element.name, parent.name);
         m_isStyleTag =
             m_catalog.record(m_record).kind == Section::CATALOG && field == int(CatalogInfoToken::CAT_Style);
-    } else if (isRecord(section)) {
+    } else if (const Section section = CCatalogTokenizer::stringToCatalogToken(m_xml.name());
+               isRecord(section)) {
         openLostRecord(section, m_catalog.record(m_record).kind == Section::CATALOG ? LocatedRecord::Wrapped
                                                                                     : LocatedRecord::Nested);
     } else if (parent.role == Open::LostRecord) {
