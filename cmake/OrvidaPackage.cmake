@@ -32,9 +32,12 @@ function(orvida_install_export name)
 endfunction()
 
 orvida_install_export(OrvidaCatalogsTargets ${ORVIDA_INSTALLED_TARGETS})
-# A package of its own may hold it.
-orvida_install_export(OrvidaCheckingTargets orvidachecking)
-list(APPEND ORVIDA_COMPONENTS Checking)
+set(pkgconfig_names orvida-catalogs)
+if(ORVIDA_BUILD_CHECKING)
+  orvida_install_export(OrvidaCheckingTargets orvidachecking)
+  list(APPEND ORVIDA_COMPONENTS Checking)
+  list(APPEND pkgconfig_names orvida-checking)
+endif()
 
 list(JOIN ORVIDA_COMPONENTS ", " ORVIDA_COMPONENT_NAMES)
 configure_package_config_file(cmake/OrvidaCatalogsConfig.cmake.in
@@ -63,7 +66,7 @@ elseif(ORVIDA_HOST_TARGET)
   message(STATUS "orvida-catalogs.pc does not name the host layer: users of pkg-config have to add the "
     "flags of ${ORVIDA_HOST_TARGET} themselves, unless ORVIDA_HOST_PKGCONFIG gives its pkg-config name")
 endif()
-foreach(name orvida-catalogs orvida-checking)
+foreach(name IN LISTS pkgconfig_names)
   configure_file(cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endforeach()

@@ -1,3 +1,7 @@
-# A host compiles with what pkg-config tells about the installed package, and runs.
+# Hosts compile with what pkg-config tells about the installed packages, and run.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
-check_hosts_with_pkg_config(installed ${PREFIX}/${LIBDIR} ${SAMPLES})
+check_tiny_host_with_pkg_config(installed ${PREFIX}/${LIBDIR} ${SAMPLES})
+set(ENV{PKG_CONFIG_PATH} ${PREFIX}/${LIBDIR}/pkgconfig)
+set(ENV{LD_LIBRARY_PATH} ${PREFIX}/${LIBDIR})
+build_with_pkg_config(orvida-checking checkinghost ${SCRATCH_DIR}/checkinghost-program)
+check_checking_host(${SCRATCH_DIR}/checkinghost-program ${SAMPLES})
