@@ -110,7 +110,7 @@ bool CatalogFile::prepare()
         return true;
     const FormChange change(m_input.bytes());
     if (change.failure()) {
-        m_failure = *change.failure();
+        m_failure = explained(*change.failure(), path());
         return false;
     }
     if (!m_scrambled.append(change.scrambled())) {
@@ -125,6 +125,8 @@ void CatalogFile::findFailure()
 {
     const CatalogReadFailure &failure = records().failure();
     m_failure = failureOf(failure);
+    if (failure.reason == CatalogReadFailure::NotWellFormed)
+        m_failure = explained(m_failure, path());
     if (failure.reason != CatalogReadFailure::RecordRefused)
         return;
     if (m_form == TextForm::Readable)

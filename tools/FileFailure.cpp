@@ -1,8 +1,20 @@
 #include "tools/FileFailure.h"
 
+#include "checking/CatalogChecker.h"
+
 namespace Orvida::Tools {
 
 using Catalogs::CatalogReadFailure;
+
+namespace {
+
+bool isOfXml(const Checking::CatalogFinding &finding)
+{
+    return finding.rule == QLatin1String("not-well-formed") || finding.rule == QLatin1String("wrong-encoding")
+           || finding.rule == QLatin1String("unknown-encoding");
+}
+
+} // namespace
 
 FileFailure failureOf(const CatalogReadFailure &failure)
 {
@@ -11,6 +23,19 @@ FileFailure failureOf(const CatalogReadFailure &failure)
         return {position, QStringLiteral("the catalog did not load, but its file reads well now"),
                 QStringLiteral("try again")};
     return {position, failure.problem(), failure.remedy()};
+}
+
+FileFailure explained(const FileFailure &failure, const QString &path)
+{
+    Checking::CatalogChecker checker;
+    checker.check(path);
+    for (const Checking::CatalogFinding &finding : checker.findings()) {
+        if (isOfXml(finding))
+            return {{finding.line, finding.column},
+                    finding.message,
+                    finding.hint.isEmpty() ? failure.remedy : finding.hint};
+    }
+    return failure;
 }
 
 FileFailure unreadable(const QString &errorText)

@@ -20,6 +20,10 @@ struct FileFailure
 /// Of a file that the library does not read.
 FileFailure failureOf(const Catalogs::CatalogReadFailure &failure);
 
+/// `failure` of the file at `path` as the checking library explains it, when its XML is at fault; else
+/// `failure` itself. The XML reader may report a wrong place, and never how to fix it.
+FileFailure explained(const FileFailure &failure, const QString &path);
+
 /// Of a file that cannot be read at all, as the system says in `errorText`.
 FileFailure unreadable(const QString &errorText);
 
