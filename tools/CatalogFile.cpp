@@ -39,7 +39,7 @@ CatalogFile CatalogFile::load(const Options &options)
         return file;
     {
         const LibraryOutput output(options.showsLog ? LibraryOutput::Everything : LibraryOutput::Problems);
-        file.m_catalog = Catalogs::CatalogLoader().loadCatalog(file.path(), options.fileName);
+        file.m_catalog = Catalogs::CatalogLoader().loadCatalog(file.loadedPath(), options.fileName);
         file.m_hasLooseEnds = output.hasHeldBack();
     }
     if (!file.isLoaded())
@@ -54,14 +54,14 @@ const CatalogXMLParser &CatalogFile::records()
         const LibraryOutput output(LibraryOutput::Nothing);
         m_records = std::make_unique<CatalogXMLParser>();
         QHash<QString, QSharedPointer<Catalogs::CatalogItem>> items;
-        m_records->readFile(path(), items);
+        m_records->readFile(loadedPath(), items);
     }
     return *m_records;
 }
 
 qint64 CatalogFile::style() const
 {
-    return CatalogXMLParser().readCatalogStyleFlag(path());
+    return CatalogXMLParser().readCatalogStyleFlag(loadedPath());
 }
 
 QStringList CatalogFile::profiles()
@@ -129,7 +129,7 @@ void CatalogFile::findFailure()
         return;
     if (m_form == TextForm::Readable)
         m_failure.position =
-            translated(m_failure.position, RecordPositions(path(), TextForm::Scrambled), positions());
+            translated(m_failure.position, RecordPositions(loadedPath(), TextForm::Scrambled), positions());
     // A scrambled key in the clear decodes to something else, often to nothing.
     const QStringList &fields = failure.missingFields;
     const bool lacksScrambledKey = std::any_of(fields.cbegin(), fields.cend(), [](const QString &field) {
@@ -140,7 +140,7 @@ void CatalogFile::findFailure()
         m_failure.remedy = otherForm;
 }
 
-QString CatalogFile::path() const
+QString CatalogFile::loadedPath() const
 {
     return m_form == TextForm::Readable ? m_scrambled.path() : m_input.path();
 }

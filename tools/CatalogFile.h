@@ -59,6 +59,11 @@ public:
     /// empty.
     QString otherFormText() const;
 
+    /// How the file was loaded.
+    TextForm form() const { return m_form; }
+    /// Opens the file as its author wrote it, in this process while the object lives.
+    QString path() const { return m_input.path(); }
+
     /// The file as messages name it, and without its folders.
     QString name() const { return m_input.name(); }
     QString shortName() const { return m_input.shortName(); }
@@ -68,7 +73,7 @@ private:
 
     [[nodiscard]] bool prepare();
     void findFailure();
-    QString path() const;
+    QString loadedPath() const;
 
     InputFile m_input;
     TextForm m_form;
