@@ -24,7 +24,7 @@ public:
     /// The two forms of a catalog file, which differ in the fields that `CatalogFormat::isScrambled` names.
     enum class Form {
         Scrambled, ///< What hosts load.
-        Readable,  ///< What authors write: the texts stand in the clear.
+        Readable,  ///< What authors write: the texts are in the clear.
     };
 
     /// What becomes of a rule's findings.

@@ -40,7 +40,7 @@ CatalogFile CatalogFile::load(const Options &options)
     {
         const LibraryOutput output(options.showsLog ? LibraryOutput::Everything : LibraryOutput::Problems);
         file.m_catalog = Catalogs::CatalogLoader().loadCatalog(file.loadedPath(), options.fileName);
-        file.m_hasLooseEnds = output.hasHeldBack();
+        file.m_hasLosses = output.hasHeldBack();
     }
     if (!file.isLoaded())
         file.findFailure();
@@ -120,7 +120,7 @@ bool CatalogFile::prepare()
     return true;
 }
 
-// The loader only tells that a load failed. Reading the records tells why.
+// The loader only reports that a load failed. Reading the records shows why.
 void CatalogFile::findFailure()
 {
     const CatalogReadFailure &failure = records().failure();

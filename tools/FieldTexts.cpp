@@ -71,7 +71,7 @@ FieldTexts Finder::run()
     return m_found;
 }
 
-// Both readers go on by one token; false at the end, and when they part.
+// Moves both readers on by one token; false at the end, and when their tokens differ.
 bool Finder::readNext()
 {
     const auto token = m_reader.readNext();
@@ -175,7 +175,7 @@ QLatin1String wordsOf(FieldText::Obstacle obstacle)
         "a load takes only the first piece of its text",
         "there is an element in it",
         "it refers to an entity that the document declares",
-        "it comes out of an entity that the document declares",
+        "it is part of an entity that the document declares",
     };
     return QLatin1String(words[obstacle]);
 }

@@ -24,7 +24,7 @@ struct FieldText
         CutText,       ///< More text follows in the field, of which a load takes nothing.
         NestedElement, ///< There is an element in the field.
         Entity,        ///< The text refers to an entity that the document declares.
-        InsideEntity,  ///< The field itself comes out of an entity, so that it has no place in the document.
+        InsideEntity,  ///< The field itself is part of an entity, so it has no place in the document.
     };
 
     const Catalogs::CatalogFormat::Field *field = nullptr;
@@ -41,13 +41,13 @@ struct FieldText
 /// The texts of a document.
 struct FieldTexts
 {
-    /// Those that are not empty, in the order of the document, wherever in it the fields are: a field that a
-    /// load passes over, because it is in a wrong place, is still one for its author.
+    /// Those that are not empty, in the order of the document. A field in a wrong place counts too: a load
+    /// ignores it, but its author takes it for a field.
     QVector<FieldText> texts;
     /// What the XML reader says is wrong with the document, and where; empty when it is well-formed.
     QString errorText;
     FilePosition errorPosition;
-    /// False when the XML reader gets another text out of the bytes than the one given.
+    /// False when the XML reader decodes the bytes to another text than the one given.
     bool isTextOfDocument = true;
 };
 
@@ -57,8 +57,8 @@ QLatin1String wordsOf(FieldText::Obstacle obstacle);
 /// Which fields' texts are looked for.
 enum class WantedTexts { Scrambled, All };
 
-/// Finds the texts in `text`, which is what `document` stands for, without byte-order mark. The values are
-/// those that the XML reader gets out of the bytes; the text is read beside them for the places.
+/// Finds the texts in `text`, which is `document` decoded, without its byte-order mark. The values are those
+/// that the XML reader gets from the bytes; the decoded text is read in parallel for their places.
 FieldTexts findFieldTexts(const QByteArray &document, const QString &text,
                           WantedTexts wanted = WantedTexts::Scrambled);
 

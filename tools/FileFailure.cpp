@@ -7,30 +7,18 @@ using Catalogs::CatalogReadFailure;
 FileFailure failureOf(const CatalogReadFailure &failure)
 {
     const FilePosition position{failure.line, failure.column};
-    switch (failure.reason) {
-    case CatalogReadFailure::FileNotRead: return unreadable(failure.detail);
-    case CatalogReadFailure::NotWellFormed:
-        return {position, QStringLiteral("not well-formed XML: ") + failure.detail,
-                QStringLiteral("correct the XML there; a catalog loads as a whole or not at all")};
-    case CatalogReadFailure::RecordRefused:
-        return {
-            position,
-            failure.record + QStringLiteral(" record without ")
-                + failure.missingFields.join(QStringLiteral(" and without ")),
-            QStringLiteral("give the record a %1 that is not empty, or remove the record; one such record "
-                           "keeps the whole catalog from loading")
-                .arg(failure.missingFields.value(0))};
-    case CatalogReadFailure::None: break;
-    }
-    return {position, QStringLiteral("the catalog did not load, but its file reads well now"),
-            QStringLiteral("try again")};
+    if (failure.reason == CatalogReadFailure::None)
+        return {position, QStringLiteral("the catalog did not load, but its file reads well now"),
+                QStringLiteral("try again")};
+    return {position, failure.problem(), failure.remedy()};
 }
 
 FileFailure unreadable(const QString &errorText)
 {
-    return {{},
-            QStringLiteral("cannot read the file: ") + errorText,
-            QStringLiteral("check the name of the file and the right to read it")};
+    CatalogReadFailure failure;
+    failure.reason = CatalogReadFailure::FileNotRead;
+    failure.detail = errorText;
+    return failureOf(failure);
 }
 
 QString errorTextOf(const QFileDevice &device)

@@ -12,7 +12,7 @@ struct FilePosition
     qint64 column = 0;
 };
 
-/// "FILE:LINE:COLUMN: error: TEXT" or "... warning: TEXT", made fit for a terminal.
+/// "FILE:LINE:COLUMN: error: TEXT" or "... warning: TEXT", made safe for a terminal.
 void printError(const QString &file, FilePosition position, const QString &text);
 void printWarning(const QString &file, FilePosition position, const QString &text);
 
@@ -24,5 +24,8 @@ void printMessage(const QString &text);
 
 /// `text` in quotation marks, cut when it is long.
 QString quoted(const QString &text);
+
+/// "1 item", "2 items".
+QString counted(int count, const QString &noun);
 
 } // namespace Orvida::Tools

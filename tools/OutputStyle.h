@@ -1,4 +1,4 @@
-// How the tool's text looks: colours, and texts of a catalog made fit for one line of a terminal.
+// How the tool's text looks: colours, and texts of a catalog made safe for one line of a terminal.
 #pragma once
 
 #include <QString>
@@ -16,12 +16,15 @@ enum class ColorChoice {
 class OutputStyle
 {
 public:
-    /// Decides by `choice` and, for `Auto`, by where standard output goes and by the environment.
+    /// Decides by `choice` and, for `Auto`, by standard output and the environment.
     explicit OutputStyle(ColorChoice choice);
 
     QString code(const QString &text) const;
     QString line(const QString &text) const;
     QString title(const QString &text) const;
+    QString error(const QString &text) const;
+    QString warning(const QString &text) const;
+    QString note(const QString &text) const;
 
     /// `text` on one line: line breaks become spaces, all else that steers a terminal becomes U+FFFD, so that
     /// a catalog can neither break the layout nor steer the terminal.

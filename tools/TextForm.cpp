@@ -68,6 +68,29 @@ QString lossOf(const FieldText &field, const QString &xml, const QString &readab
     return QString();
 }
 
+// By obstacle.
+const char *const remedies[] = {
+    "",
+    "write the text in one piece, or use --force to change only what a load takes",
+    "end the field before the element, or use --force to change only what a load takes",
+    "write what the entity stands for",
+    "write what the entity stands for",
+};
+
+// Shorter ones may be words or codes.
+constexpr int shortestTellingText = 6;
+
+// Whether `text` is in the normal form of scrambled texts, and stands for a text that can be seen.
+bool seemsScrambled(const QString &text)
+{
+    if (text.size() < shortestTellingText || text.size() % 2 != 0 || !isHex(QStringRef(&text)))
+        return false;
+    const QString readable = ScrambledText::decode(QStringRef(&text));
+    const QVector<uint> characters = readable.toUcs4();
+    return ScrambledText::encode(readable) == text
+           && std::all_of(characters.cbegin(), characters.cend(), [](uint c) { return QChar::isPrint(c); });
+}
+
 } // namespace
 
 std::optional<TextForm> formOf(QIODevice &file)
@@ -106,8 +129,9 @@ QVector<FormChange::Note> FormChange::obstacles(FieldText::Obstacle tolerated) c
     QVector<Note> notes;
     for (const FieldText &field : m_texts.texts) {
         if (field.obstacle > tolerated)
-            notes.append({field.position, field.field->name + QLatin1String(" cannot be changed: ")
-                                              + wordsOf(field.obstacle)});
+            notes.append({field.position,
+                          field.field->name + QLatin1String(" cannot be changed: ") + wordsOf(field.obstacle),
+                          QLatin1String(remedies[field.obstacle])});
     }
     return notes;
 }
@@ -120,6 +144,20 @@ QByteArray FormChange::scrambled() const
             rewriter.replace(field.begin, field.end, ScrambledText::encode(field.value));
     }
     return rewriter.result();
+}
+
+QVector<FormChange::Note> FormChange::scrambledTexts() const
+{
+    QVector<Note> notes;
+    for (const FieldText &field : m_texts.texts) {
+        if (seemsScrambled(field.value))
+            notes.append({field.position,
+                          QStringLiteral("%1 %2 is scrambled already; now it is scrambled twice")
+                              .arg(field.field->name, quoted(field.value)),
+                          QStringLiteral("write it in the clear: ")
+                              + quoted(ScrambledText::decode(QStringRef(&field.value)))});
+    }
+    return notes;
 }
 
 QByteArray FormChange::unscrambled(bool takesLowerCase, QVector<Note> &left) const

@@ -5,7 +5,8 @@ namespace Orvida::Checking {
 
 class Check;
 
-/// Whether the file has fields and no profile, not even a lost one. Then nothing else is told of profiles.
+/// Whether the file has fields and no profile, not even a lost one. Then nothing else is reported about
+/// profiles.
 bool hasNoProfile(const Check &check);
 
 void findNoProfile(Check &check);

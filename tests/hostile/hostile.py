@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Loads files made to hurt a reader, each in a process with little stack and limits of memory and time.
+"""Loads and checks hostile files, each in a process with a small stack and limits of memory and time.
 
   hostile.py PROGRAM [--large] [--sanitized] [WORD]
 
-PROGRAM is hostile-load. Prints a table in Markdown and fails when a file is not read as it should be. --large
-takes files to measure with, --sanitized gives the stack and the memory that sanitizers need; WORD chooses the
-files that have it in their names.
+PROGRAM is hostile-load. Prints a table in Markdown; fails if a file is not read as expected. --large uses files
+for measuring, --sanitized allows the stack and memory that sanitizers need, WORD selects the files with it in
+their names.
 """
 import os
 import resource
@@ -155,7 +155,7 @@ def link_to_itself(folder):
 
 
 def pipe(folder, name, content):
-    """A named pipe with somebody who writes the content once, one letter at a time."""
+    """A named pipe with a process that writes the content once, one letter at a time."""
     path = os.path.join(folder, name)
     os.mkfifo(path)
 
@@ -168,7 +168,7 @@ def pipe(folder, name, content):
     return path
 
 
-# Name, path, items that are loaded (0: refused), style; None where it is not asked for.
+# Name, path, items that are loaded (0: refused), style; None where nothing else is asked for: pipes are read once.
 PATHS = [
     ('/dev/zero', lambda folder: '/dev/zero', 0, 0),
     ('/dev/full', lambda folder: '/dev/full', 0, 0),
@@ -197,7 +197,7 @@ def run(program, path, task, limits):
         for kind, value in limits.items():
             resource.setrlimit(kind, (value, value))
 
-    # No messages: many of the files hold values that are told of.
+    # Without messages, as many of the files hold values that are logged.
     process = subprocess.Popen([program, path, str(task)], stdout=subprocess.DEVNULL, stderr=subprocess.PIPE,
                                preexec_fn=limit, env=dict(os.environ, QT_LOGGING_RULES='*=false'))
     printed = process.stderr.read().decode(errors='replace')
@@ -217,10 +217,10 @@ def main():
     limits = {resource.RLIMIT_STACK: MEGABYTE if is_large else MEGABYTE // 4,
               resource.RLIMIT_AS: 8192 * MEGABYTE if is_large else 1024 * MEGABYTE,
               resource.RLIMIT_CPU: 600 if is_large else 60, resource.RLIMIT_CORE: 0}
-    if '--sanitized' in options:  # larger frames, and more addresses than there is memory
+    if '--sanitized' in options:  # larger frames, and more address space than there is memory
         limits.update({resource.RLIMIT_STACK: MEGABYTE, resource.RLIMIT_AS: resource.RLIM_INFINITY,
                        resource.RLIMIT_CPU: 300})
-    print('| case | file | load, walk and end | peak | result |\n|---|---|---|---|---|')
+    print('| case | file | time | peak | result |\n|---|---|---|---|---|')
     wrong = shown = 0
     with tempfile.TemporaryDirectory() as folder:
         def show(name, path, task, expected):
@@ -238,6 +238,7 @@ def main():
             show(name, path, 1, f'items {items}')
             if style is not None:
                 show(name, path, 'style', f'style {style}')
+                show(name, path, 'check', f'loads {int(items > 0)}')
         for name, large, quick, content, items, profiles in FILES:
             if word not in name:
                 continue
@@ -246,6 +247,7 @@ def main():
             with open(path, 'w') as file:
                 file.write(content(count))
             show(f'{count:,} {name}', path, profiles or count, f'items {items(count)}')
+            show(f'{count:,} {name}, checked', path, 'check', f'loads {int(items(count) > 0)}')
     if wrong or not shown:
         sys.exit(f'{wrong} files are not read as they should be' if shown else f'no file has {word!r} in its name')
 

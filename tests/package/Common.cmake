@@ -1,6 +1,6 @@
 # Helpers of the package tests.
 
-# Runs a command and stops the test with its output when it fails; gives its standard output in `output`.
+# Runs a command; sets `output` to its standard output. If it fails, prints all output and ends the test.
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE err)
   if(NOT result EQUAL 0)
@@ -10,7 +10,7 @@ function(run)
   set(output "${out}" PARENT_SCOPE)
 endfunction()
 
-# Gives what `text` has other than the file `expected` in `difference`: empty when they are equal.
+# Sets `difference` to how `text` differs from the file `expected`; empty if they are equal.
 function(difference expected text)
   get_filename_component(name ${expected} NAME)
   file(WRITE ${SCRATCH_DIR}/found/${name} "${text}")
@@ -19,34 +19,56 @@ function(difference expected text)
   set(difference "${out}" PARENT_SCOPE)
 endfunction()
 
-# What the tiny host prints for the sample catalog.
+# Checks what the tiny host prints for the sample catalog.
 function(check_tiny_host_output text)
   if(NOT text MATCHES "^Revêtement: 12 codes\nJoints: [0-9]+ codes\n")
     message(FATAL_ERROR "the tiny host printed:\n${text}")
   endif()
 endfunction()
 
-# The tiny host finds the package below `where` with find_package, builds, and runs with the sample in
-# `samples`. `name` keeps the hosts of several tests apart.
-function(check_tiny_host_with_cmake name where samples)
-  set(host ${SCRATCH_DIR}/host-${name})
-  run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/package/host -B ${host} -G ${GENERATOR}
-    -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_PREFIX_PATH=${where})
-  run(${CMAKE_COMMAND} --build ${host})
-  run(${host}/tinyhost ${samples})
-  check_tiny_host_output("${output}")
+# What the checking host prints for the sample in `samples`, which is good, and for a catalog that is not.
+function(check_checking_host program samples)
+  run(${program} ${samples}tunnels.xml)
+  set(bad ${SCRATCH_DIR}/bad.xml)
+  file(WRITE ${bad} "<OVCAT>\n<CLASS><CLASS_PK>A</CLASS_PK></CLASS>\n<CATPRO/>\n</OVCAT>\n")
+  set(good_output "${output}")
+  run(${program} ${bad})
+  if(NOT good_output STREQUAL "" OR NOT output MATCHES "^line 3: a CATPRO record without PRO_PK[^\n]*\n$")
+    message(FATAL_ERROR "the checking host printed of the sample:\n${good_output}and of a bad file:\n${output}")
+  endif()
 endfunction()
 
-# The same with what pkg-config says about the package in the library folder `libraries`.
-function(check_tiny_host_with_pkg_config name libraries samples)
-  set(ENV{PKG_CONFIG_PATH} ${libraries}/pkgconfig)
-  run(pkg-config --cflags --libs orvida-catalogs)
+# The hosts find the package below `where` with find_package, build, and run with the sample in `samples`. `name`
+# keeps the hosts of several tests apart.
+function(check_hosts_with_cmake name where samples)
+  foreach(host host checkinghost)
+    set(build ${SCRATCH_DIR}/${host}-${name})
+    run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/package/${host} -B ${build} -G ${GENERATOR}
+      -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_PREFIX_PATH=${where})
+    run(${CMAKE_COMMAND} --build ${build})
+  endforeach()
+  run(${SCRATCH_DIR}/host-${name}/tinyhost ${samples})
+  check_tiny_host_output("${output}")
+  check_checking_host(${SCRATCH_DIR}/checkinghost-${name}/checkinghost ${samples})
+endfunction()
+
+# Compiles the only source of a host with what pkg-config says of `package`.
+function(build_with_pkg_config package host program)
+  run(pkg-config --cflags --libs ${package})
   string(STRIP "${output}" flags)
   separate_arguments(flags UNIX_COMMAND "${flags}")
-  run(${CXX} -std=c++17 ${SOURCE_DIR}/tests/package/host/main.cpp -o ${SCRATCH_DIR}/tinyhost-${name} ${flags})
+  run(${CXX} -std=c++17 ${SOURCE_DIR}/tests/package/${host}/main.cpp -o ${program} ${flags})
+endfunction()
+
+# The same with what pkg-config says about the packages in the library folder `libraries`.
+function(check_hosts_with_pkg_config name libraries samples)
+  set(ENV{PKG_CONFIG_PATH} ${libraries}/pkgconfig)
   set(ENV{LD_LIBRARY_PATH} ${libraries})
+  build_with_pkg_config(orvida-catalogs host ${SCRATCH_DIR}/tinyhost-${name})
   run(${SCRATCH_DIR}/tinyhost-${name} ${samples})
   check_tiny_host_output("${output}")
+  build_with_pkg_config(orvida-checking checkinghost ${SCRATCH_DIR}/checkinghost-${name}-program)
+  check_checking_host(${SCRATCH_DIR}/checkinghost-${name}-program ${samples})
 endfunction()
 
 set(PREFIX ${SCRATCH_DIR}/prefix)

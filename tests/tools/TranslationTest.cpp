@@ -23,10 +23,10 @@ QHash<TextName, QString> textsByName(const TranslatableTexts &texts)
 
 QStringList oddCells()
 {
-    return {QString(),       text("plain"),       text("=1+1"),      text("+1"),        text("-1"),
-            text("@CLK"),    text("'quoted"),     text("'=1"),       text("''"),        text("'"),
-            text("a;b,c\td"), text("\"in marks\""), text("two\nlines"), text(" spaces "), text("é😀\u202E"),
-            text("\tindented")};
+    return {QString(),          text("plain"),    text("=1+1"),     text("+1"),
+            text("-1"),         text("@CLK"),     text("'quoted"),  text("'=1"),
+            text("''"),         text("'"),        text("a;b,c\td"), text("\"in marks\""),
+            text("two\nlines"), text(" spaces "), text("é😀\u202E"), text("\tindented")};
 }
 
 } // namespace
@@ -92,7 +92,8 @@ void TranslationTest::textsGoThereAndBack()
     QHash<TextName, QString> translations;
     const QStringList cells = oddCells();
     for (const TranslatableText &candidate : original.texts())
-        translations.insert(candidate.name, candidate.text + cells.at(1 + translations.size() % (cells.size() - 1)));
+        translations.insert(candidate.name,
+                            candidate.text + cells.at(1 + translations.size() % (cells.size() - 1)));
     QVector<TranslatableTexts::Note> left;
     const QByteArray translated = original.translated(translations, left);
     for (const TranslatableText &candidate : original.texts()) {
@@ -111,7 +112,8 @@ void TranslationTest::textsGoThereAndBack()
             back.insert(changed.texts().at(i).name, original.texts().at(i).text);
         }
         const QByteArray again = changed.translated(back, left);
-        QCOMPARE(textsByName(TranslatableTexts(again, input.form(), TranslatableTexts::All)), textsByName(original));
+        QCOMPARE(textsByName(TranslatableTexts(again, input.form(), TranslatableTexts::All)),
+                 textsByName(original));
         if (path.startsWith(text(ORVIDA_SAMPLES)))
             QCOMPARE(again, input.bytes());
     }

@@ -5,10 +5,12 @@
 #include "tools/ExitStatus.h"
 #include "tools/FieldProperties.h"
 #include "tools/LoadReport.h"
+#include "tools/Messages.h"
 #include "tools/NearNames.h"
 #include "tools/Options.h"
 #include "tools/TreeView.h"
 
+#include <CLI/CLI.hpp>
 #include <QStringList>
 
 namespace Orvida::Tools {
@@ -20,11 +22,6 @@ using Catalogs::CatalogInputField;
 using Catalogs::CatalogItem;
 using Items = QList<QSharedPointer<CatalogItem>>;
 
-QString counted(int count, const QString &noun)
-{
-    return QStringLiteral("%1 %2%3").arg(count).arg(noun, count == 1 ? QString() : QStringLiteral("s"));
-}
-
 QString summary(const CatalogFile &file)
 {
     Catalog &catalog = file.catalog();
@@ -32,7 +29,7 @@ QString summary(const CatalogFile &file)
     if (!catalog.profile().isEmpty())
         facts << QStringLiteral("profile ") + catalog.profile();
     const int items = catalog.getCatalogItems().size() - 1; // without the root
-    const int itemsInTree = TreeView::countItems(catalog.getItemById(QString()));
+    const int itemsInTree = countItems(catalog.getItemById(QString()));
     facts << counted(items, QStringLiteral("item"));
     if (itemsInTree != items)
         facts.last() += QStringLiteral(" (%1 outside the tree)").arg(items - itemsInTree);

@@ -70,7 +70,7 @@ void PageLists::writeList(const QString &classId, const List &list, HtmlWriter &
     const QString anchor = PageAnchors::ofList(classId);
     out << "<article id=\"" << anchor << "\"><h3>" << classId << "</h3>\n";
     m_source.findings.writeOf(anchor, out);
-    out << "<p>" << (list.userCount == 0 ? "No field offers this list." : "Used by ");
+    out << "<p>" << (list.userCount == 0 ? "No field is known to offer this list." : "Used by ");
     for (const QString &user : list.users) {
         out.startLink(user);
         out << user << "</a> ";

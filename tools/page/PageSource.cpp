@@ -4,17 +4,6 @@
 
 namespace Orvida::Tools {
 
-namespace {
-
-int countItems(const QSharedPointer<Catalogs::CatalogItem> &root)
-{
-    int count = 0;
-    walkTree(root, [&count](const auto &, const TreePlace &) { ++count; });
-    return count;
-}
-
-} // namespace
-
 PageSource::PageSource(CatalogFile &catalogFile, bool isChecked)
     : file(catalogFile),
       chosenProfile(file.catalog().profile()),

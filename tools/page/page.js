@@ -8,6 +8,7 @@
   const element = id => document.getElementById(id);
   const tree = element("_tree"), view = element("_view"), search = element("_search"), results = element("_results");
   const chosenProfile = element("_profile");
+  const title = document.title;
   const mostResults = 100;
 
   // The text of each noscript element with forms or lists.
@@ -105,6 +106,7 @@
       show(section && section.matches("main > section") ? section : element("_overview"));
     const article = view.querySelector("article");
     mark(article ? article.id : id);
+    document.title = article ? `${article.querySelector("h2, h3").textContent.trim()} \u2013 ${title}` : title;
     if (takesFocus && innerWidth < 768)
       element("_page").scrollIntoView();
   }
@@ -287,7 +289,12 @@
 
   document.documentElement.classList.add("live");
   element("_tools").hidden = false;
-  element("_tools").addEventListener("submit", event => event.preventDefault());
+  element("_tools").addEventListener("submit", event => {
+    event.preventDefault();
+    const first = results.querySelector("a");
+    if (first)
+      first.click();
+  });
   tree.addEventListener("toggle", event => grow(event.target), true);
   chosenProfile.addEventListener("change", () => applyProfile(document));
   search.addEventListener("input", find);

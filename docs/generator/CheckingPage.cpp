@@ -1,0 +1,56 @@
+#include "docs/generator/CheckingPage.h"
+
+#include "checking/CatalogChecker.h"
+#include "docs/generator/PageParts.h"
+#include "tools/RuleText.h"
+
+namespace Orvida::Docs {
+
+namespace {
+
+using Checking::CatalogChecker;
+using Checking::CatalogRule;
+
+QString ruleTables()
+{
+    QString tables;
+    QString group;
+    for (const CatalogRule &rule : CatalogChecker::rules()) {
+        if (rule.group != group)
+            tables += QStringLiteral("%1**%2**\n\n| Rule | Severity | What is wrong |\n|---|---|---|\n")
+                          .arg(group.isEmpty() ? QString() : QStringLiteral("\n"), rule.group);
+        group = rule.group;
+        tables += QStringLiteral("| [`%1`](#%1) | %2 | %3 |\n")
+                      .arg(rule.id, Tools::severityText(rule), rule.summary.toHtmlEscaped());
+    }
+    return tables;
+}
+
+// Outside of code, Markdown takes pieces of XML for markup of its own.
+QString ruleSection(const CatalogRule &rule)
+{
+    CatalogRule shown = rule;
+    shown.explanation =
+        rule.explanation.toHtmlEscaped().replace(QLatin1String("&quot;"), QLatin1String("\""));
+    return QStringLiteral("### %1\n\n%2: %3.\n\n")
+               .arg(rule.id, Tools::severityText(rule), rule.summary.toHtmlEscaped())
+           + Tools::ruleMarkdown(shown);
+}
+
+QString ruleSections()
+{
+    QString sections;
+    for (const CatalogRule &rule : CatalogChecker::rules())
+        sections += (sections.isEmpty() ? QString() : QStringLiteral("\n")) + ruleSection(rule);
+    return sections;
+}
+
+} // namespace
+
+QString checkingPage(const QString &page, QStringList &absent)
+{
+    return withParts(
+        page, {{QLatin1String("rules"), ruleTables}, {QLatin1String("explanations"), ruleSections}}, absent);
+}
+
+} // namespace Orvida::Docs
