@@ -6,6 +6,7 @@
 #include "catalogs/reading/XmlInput_p.h"
 #include "checking/findings/FindingReport_p.h"
 #include "checking/reading/CatalogLocator_p.h"
+#include "checking/reading/LocatedXml_p.h"
 #include "checking/rules/Check_p.h"
 #include "checking/rules/RuleTable_p.h"
 
@@ -104,6 +105,7 @@ void askRules(Check &check)
 struct Q_DECL_HIDDEN CatalogChecker::Private
 {
     Reading read(const QString &fileName, bool isReadable) const;
+    bool locate(LocatedXml &xml, const QFile &file, Reading &reading) const;
     void judge(const QString &fileName, const Reading &reading, const std::optional<ClearTexts> &clearTexts);
 
     Form form = Form::Scrambled;
@@ -205,30 +207,45 @@ const CatalogReadFailure &failureOf(const Reading &reading)
     return reading.firstRefusal.reason == CatalogReadFailure::None ? reading.fault : reading.firstRefusal;
 }
 
-// The loop of a load reads, with nothing to store.
 Reading CatalogChecker::Private::read(const QString &fileName, bool isReadable) const
 {
-    Reading reading;
     Catalogs::XmlInput input;
-    if (!input.open(fileName)) {
-        reading.fault = input.failureToOpen();
-        return reading;
+    const bool isOpen = input.open(fileName);
+    // Nearly every file is plain; one that is not is read again.
+    if (isOpen && !input.file.isSequential()) {
+        Reading reading;
+        reading.catalog.isReadable = isReadable;
+        PlainXml xml(input.file);
+        if (locate(xml, input.file, reading))
+            return reading;
+        input.file.unsetError();
+        input.file.seek(0);
     }
+    Reading reading;
+    reading.catalog.isReadable = isReadable;
+    AnyXml xml(input.reader);
+    if (!isOpen)
+        reading.fault = input.failureToOpen();
+    else if (!locate(xml, input.file, reading))
+        reading.fault = input.failureToRead();
+    return reading;
+}
+
+// The loop of a load reads, with nothing to store. False when it does not come to the end of the document.
+bool CatalogChecker::Private::locate(LocatedXml &xml, const QFile &file, Reading &reading) const
+{
     Catalogs::CatalogXMLParser noRecords;
     QHash<QString, QSharedPointer<Catalogs::CatalogItem>> noItems;
     QVector<QString> noKeys;
     const auto texts = std::make_unique<Catalogs::TextPool>();
     CatalogReadFailure refusal;
-    reading.catalog.isReadable = isReadable;
-    CatalogLocator locator(input.reader, refusal, *texts, reading.catalog);
+    CatalogLocator locator(xml, refusal, *texts, reading.catalog);
     if (progress)
-        locator.setProgress([&] { progress(input.file.pos(), input.file.size()); });
-    Catalogs::RecordReader reader(input.reader, {noRecords, noItems, noKeys, *texts}, refusal, locator);
-    const bool isRead = reader.readDocument() && !input.reader.hasError();
+        locator.setProgress([&] { progress(file.pos(), file.size()); });
+    Catalogs::RecordReader reader(xml, {noRecords, noItems, noKeys, *texts}, refusal, locator);
+    const bool isRead = reader.readDocument() && xml.tokenType() == QXmlStreamReader::EndDocument;
     reading.firstRefusal = locator.finish();
-    if (!isRead)
-        reading.fault = input.failureToRead();
-    return reading;
+    return isRead;
 }
 
 void CatalogChecker::Private::judge(const QString &fileName, const Reading &reading,

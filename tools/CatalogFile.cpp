@@ -99,7 +99,7 @@ bool CatalogFile::prepare()
         return true;
     const FormChange change(m_input.bytes());
     if (change.failure()) {
-        m_failure = *change.failure();
+        m_failure = explained(*change.failure(), path());
         return false;
     }
     if (!m_scrambled.append(change.scrambled())) {
@@ -114,6 +114,8 @@ void CatalogFile::findFailure()
 {
     const CatalogReadFailure &failure = records().failure();
     m_failure = failureOf(failure, otherFormText());
+    if (failure.reason == CatalogReadFailure::NotWellFormed)
+        m_failure = explained(m_failure, path());
     if (failure.reason == CatalogReadFailure::RecordRefused && m_form == TextForm::Readable)
         m_failure.position =
             translated(m_failure.position, RecordPositions(loadedPath(), TextForm::Scrambled), positions());

@@ -1,12 +1,23 @@
 #include "tools/FileFailure.h"
 
 #include "catalogs/format/CatalogFormat.h"
+#include "checking/CatalogChecker.h"
 
 #include <algorithm>
 
 namespace Orvida::Tools {
 
 using Catalogs::CatalogReadFailure;
+
+namespace {
+
+bool isOfXml(const Checking::CatalogFinding &finding)
+{
+    return finding.rule == QLatin1String("not-well-formed") || finding.rule == QLatin1String("wrong-encoding")
+           || finding.rule == QLatin1String("unknown-encoding");
+}
+
+} // namespace
 
 FileFailure failureOf(const CatalogReadFailure &failure)
 {
@@ -28,6 +39,19 @@ FileFailure failureOf(const CatalogReadFailure &failure, const QString &otherFor
     if (lacksScrambledKey && !otherForm.isEmpty())
         result.remedy = otherForm;
     return result;
+}
+
+FileFailure explained(const FileFailure &failure, const QString &path)
+{
+    Checking::CatalogChecker checker;
+    checker.check(path);
+    for (const Checking::CatalogFinding &finding : checker.findings()) {
+        if (isOfXml(finding))
+            return {{finding.line, finding.column},
+                    finding.message,
+                    finding.hint.isEmpty() ? failure.remedy : finding.hint};
+    }
+    return failure;
 }
 
 FileFailure unreadable(const QString &errorText)

@@ -170,8 +170,11 @@ bool DiffCommand::compare(CatalogComparison &comparison, const InputFile &oldFil
         const InputFile &file = edition == CatalogComparison::Old ? oldFile : newFile;
         const CatalogReadFailure &failure = comparison.failure(edition);
         const QString otherForm = file.otherFormText(formOf(edition));
+        FileFailure told = failureOf(failure, otherForm);
+        if (failure.reason == CatalogReadFailure::NotWellFormed)
+            told = explained(told, file.path());
         if (failure.reason != CatalogReadFailure::None)
-            printFailure(file.name(), failureOf(failure, otherForm));
+            printFailure(file.name(), told);
         else if (!otherForm.isEmpty())
             printWarning(file.name(), {}, otherForm);
     }
