@@ -229,8 +229,7 @@ void ItemComparison::comparePlace()
         return;
     ChangeDraft &draft = add(Change::CodeMoved);
     const auto parentName = [](const Edition &edition, int parent) {
-        return parent == CatalogLinks::missing ? QStringLiteral("outside the tree")
-                                               : edition.nameOf(parent);
+        return parent == CatalogLinks::missing ? QStringLiteral("outside the tree") : edition.nameOf(parent);
     };
     draft.told.oldText = parentName(m_old, oldParent);
     draft.told.newText = parentName(m_new, newParent);

@@ -139,8 +139,8 @@ bool ListComparison::compareRule()
     draft.told.newText = m_pair.newEdition.string(m_newRecord, ListClassToken::LC_TypeFlags);
     draft.told.oldPlace = m_pair.oldEdition.placeOf(m_oldRecord, int(ListClassToken::LC_TypeFlags));
     draft.told.newPlace = m_pair.newEdition.placeOf(m_newRecord, int(ListClassToken::LC_TypeFlags));
-    draft.told.message = QStringLiteral("records %1 instead of %2")
-                             .arg(choiceText(m_newChoice), choiceText(m_oldChoice));
+    draft.told.message =
+        QStringLiteral("records %1 instead of %2").arg(choiceText(m_newChoice), choiceText(m_oldChoice));
     return false;
 }
 
