@@ -19,11 +19,6 @@ QString withLineFeeds(QString text)
     return text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
 }
 
-QString counted(int count, const QString &noun)
-{
-    return QStringLiteral("%1 %2%3").arg(count).arg(noun, count == 1 ? QString() : QStringLiteral("s"));
-}
-
 // Takes the translations of a table that are for the texts of a file, and says what is wrong with the others.
 class Translations
 {
