@@ -1,4 +1,4 @@
-// How long a host waits for what it asks most: the style of a catalog, a catalog from the cache, children.
+// Time of a host's most frequent calls: the style of a catalog, a catalog from the cache, children.
 #include "benchmarks/BenchmarkFiles.h"
 
 #include "catalogs/access/CatalogConfigData.h"

@@ -7,8 +7,8 @@
 
 namespace Orvida::Benchmarks {
 
-/// Path of a generated catalog of about `size` bytes; written when it is first asked for, and removed when
-/// the process ends. Not for several threads at once.
+/// Path of a generated catalog of about `size` bytes; written on the first call, and removed when the process
+/// ends. One thread at a time.
 QString catalogFile(qint64 size,
                     CatalogGenerator::StylePlace stylePlace = CatalogGenerator::StylePlace::First);
 

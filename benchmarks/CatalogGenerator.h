@@ -1,4 +1,4 @@
-// Makes catalogs of any size for benchmarks: the same bytes for the same seed and size.
+// Generates catalogs of any size for benchmarks: the same bytes for the same seed and size.
 #pragma once
 
 #include <QIODevice>
@@ -8,13 +8,13 @@
 
 namespace Orvida::Benchmarks {
 
-/// Writes a catalog in the proportions of real ones: 4 profiles with 40 columns each, and then code classes
-/// until the size is reached; a class has 10 base codes with 4 character extensions each, a parameter and a
+/// Writes a catalog with the proportions of real ones: 4 profiles with 40 columns each, then code classes
+/// until the size is reached. A class has 10 base codes with 4 character extensions each, a parameter and a
 /// parameter extension for every code, and in every profile a list of 20 values.
 class CatalogGenerator
 {
 public:
-    /// Where the catalog information, which holds the style, stands in the file.
+    /// Where in the file the catalog information, with the style, is.
     enum class StylePlace { First, Last };
 
     explicit CatalogGenerator(quint32 seed) : m_random(seed) {}

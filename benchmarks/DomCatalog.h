@@ -1,4 +1,4 @@
-// A catalog as a host's developer would read it without the library.
+// A catalog as a host would read it without the library.
 #pragma once
 
 #include "catalogs/model/CatalogItem.h"
@@ -9,9 +9,9 @@
 
 namespace Orvida::Benchmarks {
 
-/// Parses the file `path` into a document tree and builds from it the linked tree of codes with the fields of
-/// every profile, by id; empty when the file cannot be read. Lists and codes of defects are left out, in
-/// favour of this way of reading.
+/// Parses the file `path` into a document tree and builds the linked tree of codes from it, with the fields
+/// of every profile, by id; empty if the file cannot be read. Lists and defect codes are left out, which
+/// makes this way look faster than it is.
 QHash<QString, QSharedPointer<Catalogs::CatalogItem>> loadDomCatalog(const QString &path);
 
 } // namespace Orvida::Benchmarks

@@ -1,5 +1,5 @@
-// How long loading takes, stage by stage and beside other ways to read the same file. The floor of a load is
-// one bare pass of the XML reader that the library is built on.
+// Time of loading, by stages and compared with other ways to read the same file. The lower limit for a load
+// by QXmlStreamReader is a bare pass of it.
 #include "benchmarks/BenchmarkFiles.h"
 
 #include "catalogs/building/CatalogLoader.h"
@@ -42,7 +42,7 @@ void readFile(benchmark::State &state)
         QHash<QString, QSharedPointer<CatalogItem>> items;
         if (!parser->readFile(path, items) || items.isEmpty())
             state.SkipWithError("cannot read");
-        // What was read goes outside the measured time.
+        // What was read is destroyed outside the measured time.
         state.PauseTiming();
         items.clear();
         parser.reset();
@@ -88,7 +88,7 @@ void endOfCatalog(benchmark::State &state)
     }
 }
 
-// What loading leaves to the first who asks: the fields of every item, under one profile.
+// The first access to the fields of every item, under one profile.
 void firstFields(benchmark::State &state)
 {
     const QString path = catalogFile(state.range(0));

@@ -15,7 +15,7 @@ namespace Orvida {
 
 namespace {
 
-// A parser that is filled from outside keeps the order of the parameter extensions itself.
+// For a parser that is filled from outside, the order of the parameter extensions is kept here.
 struct FilledParser : Catalogs::CatalogXMLParser
 {
     QVector<QString> parameterExtensionKeys;
@@ -23,7 +23,7 @@ struct FilledParser : Catalogs::CatalogXMLParser
 
 } // namespace
 
-// The steps of loading that this program compiles itself ask here, and get no other parser.
+// Called by the steps of loading that this program compiles itself, always with that parser.
 const QVector<QString> &Catalogs::parameterExtensionsInFileOrder(const CatalogXMLParser &parser)
 {
     return static_cast<const FilledParser &>(parser).parameterExtensionKeys;

@@ -1,6 +1,6 @@
-// The same files through other readers: what a host's developer would do without the library (a document tree
-// of Qt's, and the catalog's tree built from it), the library's own steps after other parsers, and bare
-// passes of these as signposts.
+// The same files with other readers: what a host would do without the library (a document tree of Qt, and the
+// catalog's tree built from it), the library's own steps after other parsers, and bare passes of these for
+// comparison.
 #include "benchmarks/BenchmarkFiles.h"
 #include "benchmarks/DomCatalog.h"
 #include "benchmarks/OtherCatalogs.h"

@@ -85,7 +85,7 @@ void SaxReader::addText(std::string_view piece)
     m_queue.back().length += piece.size();
 }
 
-// A text at the end of the queue may go on in the next block.
+// A text at the end of the queue may continue in the next block.
 bool SaxReader::hasWholeToken() const
 {
     const std::size_t count = m_queue.size() - m_next;

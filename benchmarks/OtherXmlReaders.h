@@ -1,4 +1,4 @@
-// Two XML parsers in the form that the library's record loop takes, so that each can fill the same catalog.
+// Two XML parsers behind the interface of the library's record loop, so that each can fill the same catalog.
 #pragma once
 
 #include <QFile>
@@ -16,7 +16,7 @@
 
 namespace Orvida::Benchmarks {
 
-/// Holds one UTF-8 text as UTF-16; its memory is used again.
+/// Converts one UTF-8 text to UTF-16 at a time, in memory that it reuses.
 class Utf16Buffer
 {
 public:
@@ -27,7 +27,7 @@ private:
     QString m_characters;
 };
 
-/// Walks a document that pugixml has parsed whole.
+/// Walks a document tree of pugixml.
 class PugixmlReader
 {
 public:
@@ -52,7 +52,7 @@ private:
     Utf16Buffer m_buffer;
 };
 
-/// Hands out what libxml2's push parser reports by its SAX2 interface, one block of the file at a time.
+/// Returns the SAX2 events of libxml2's push parser as tokens, one block of the file at a time.
 class SaxReader
 {
 public:

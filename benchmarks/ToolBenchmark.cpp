@@ -1,4 +1,4 @@
-// How long the tool takes, as a process of its own.
+// Time of the tool as a process.
 #include "benchmarks/BenchmarkFiles.h"
 
 #include <benchmark/benchmark.h>

@@ -1,5 +1,5 @@
-// generate SEED SIZE [first|last]: writes a catalog of about SIZE bytes to standard output; the word says
-// where its catalog information stands.
+// generate SEED SIZE [first|last]: writes a catalog of about SIZE bytes to standard output, with its catalog
+// information first or last.
 #include "benchmarks/CatalogGenerator.h"
 
 #include <QBuffer>

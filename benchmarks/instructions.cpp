@@ -1,10 +1,10 @@
-// instructions PART FILE: runs one part of loading, or a check, once, for callgrind to count its
+// instructions PART FILE: runs one part of loading, or a check, once, so that callgrind can count its
 // instructions.
 //   pass    a bare pass of QXmlStreamReader
 //   check   a bare pass of the scanner: whether the file is plain
-//   scan    a pass of the scanner that asks for every name and text
+//   scan    a pass of the scanner that reads every name and text
 //   parse   CatalogXMLParser::readFile
-//   load    CatalogLoader::loadCatalog, and the end of the catalog
+//   load    CatalogLoader::loadCatalog, and the catalog's destruction
 //   faults  CatalogChecker::check
 #include "catalogs/building/CatalogLoader.h"
 #include "catalogs/reading/CatalogXMLParser.h"

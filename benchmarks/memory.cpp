@@ -1,5 +1,5 @@
-// memory none|load|check|dom FILE: loads the file in one way, or checks it, and prints the peak of the
-// process's memory in bytes, and what the loaded catalog itself holds of it; none only starts the program.
+// memory none|load|check|dom FILE: loads or checks the file in one way and prints the peak memory of the
+// process in bytes, and how much the loaded catalog itself takes; none only starts the program.
 #include "benchmarks/DomCatalog.h"
 
 #include "catalogs/building/CatalogLoader.h"

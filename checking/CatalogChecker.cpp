@@ -1,5 +1,7 @@
 #include "checking/CatalogChecker.h"
 
+#include "checking/CatalogChecker_p.h"
+
 #include "catalogs/reading/RecordReader_p.h"
 #include "catalogs/reading/XmlInput_p.h"
 #include "checking/findings/FindingReport_p.h"
@@ -54,6 +56,8 @@ QVector<CatalogRule> publicRules()
     return rules;
 }
 
+} // namespace
+
 FindingReport::Settings defaultSettings()
 {
     FindingReport::Settings settings;
@@ -64,14 +68,7 @@ FindingReport::Settings defaultSettings()
     return settings;
 }
 
-// What a reading of a file gives.
-struct Reading
-{
-    LocatedCatalog catalog;
-    CatalogReadFailure firstRefusal;
-    /// Why the file could not be read to its end.
-    CatalogReadFailure fault;
-};
+namespace {
 
 // More than half of what should be scrambled is not.
 bool isInReadableForm(const LocatedCatalog &catalog)
@@ -85,7 +82,8 @@ ClearTexts clearTextsOf(const LocatedCatalog &catalog, const CatalogReadFailure 
     return {catalog.clearCount, catalog.scrambledCount, first.start, first.end, failure};
 }
 
-// Asks the rules, each function once.
+} // namespace
+
 void askRules(Check &check)
 {
     const bool hasRoot = check.catalog.hasRoot;
@@ -104,9 +102,7 @@ void askRules(Check &check)
     }
 }
 
-} // namespace
-
-struct CatalogChecker::Private
+struct Q_DECL_HIDDEN CatalogChecker::Private
 {
     Reading read(const QString &fileName, bool isReadable) const;
     bool locate(LocatedXml &xml, const QFile &file, Reading &reading) const;
@@ -167,8 +163,7 @@ bool CatalogChecker::check(const QString &fileName)
 {
     const bool isReadable = m_private->form == Form::Readable;
     auto reading = std::make_unique<Reading>(m_private->read(fileName, isReadable));
-    m_private->failure =
-        reading->firstRefusal.reason == CatalogReadFailure::None ? reading->fault : reading->firstRefusal;
+    m_private->failure = failureOf(*reading);
     std::optional<ClearTexts> clearTexts;
     if (isInReadableForm(reading->catalog)) {
         // Everything else is judged by what the author sees: as scrambled texts the values are nonsense, and
@@ -200,6 +195,16 @@ CatalogChecker::Totals CatalogChecker::totals(const QString &rule) const
 const CatalogReadFailure &CatalogChecker::failure() const
 {
     return m_private->failure;
+}
+
+Reading readCatalogFile(const QString &fileName, bool isReadable)
+{
+    return CatalogChecker::Private().read(fileName, isReadable);
+}
+
+const CatalogReadFailure &failureOf(const Reading &reading)
+{
+    return reading.firstRefusal.reason == CatalogReadFailure::None ? reading.fault : reading.firstRefusal;
 }
 
 Reading CatalogChecker::Private::read(const QString &fileName, bool isReadable) const

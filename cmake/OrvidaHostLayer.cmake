@@ -1,6 +1,6 @@
-# Chooses the host layer that the catalog library is built against: the stand-in of shared/, or the target
-# that ORVIDA_HOST_TARGET names. Sets ORVIDA_HOST_LAYER to the target to link and, for an installed package
-# that has to find it again, ORVIDA_HOST_PACKAGE to its package.
+# Chooses the host layer that the catalog library is built against: the stand-in in shared/, or the target
+# that ORVIDA_HOST_TARGET names. Sets ORVIDA_HOST_LAYER to the target to link, and ORVIDA_HOST_PACKAGE to the
+# package in which an installed library finds it again.
 
 set(ORVIDA_HOST_PACKAGE "")
 if(NOT ORVIDA_HOST_TARGET)

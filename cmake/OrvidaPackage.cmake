@@ -38,6 +38,11 @@ if(ORVIDA_BUILD_CHECKING)
   list(APPEND ORVIDA_COMPONENTS Checking)
   list(APPEND pkgconfig_names orvida-checking)
 endif()
+if(ORVIDA_WITH_MODELS)
+  orvida_install_export(OrvidaModelsTargets orvidamodels)
+  list(APPEND ORVIDA_COMPONENTS Models)
+  list(APPEND pkgconfig_names orvida-models)
+endif()
 
 list(JOIN ORVIDA_COMPONENTS ", " ORVIDA_COMPONENT_NAMES)
 configure_package_config_file(cmake/OrvidaCatalogsConfig.cmake.in
@@ -50,8 +55,8 @@ install(FILES
   ${PROJECT_BINARY_DIR}/OrvidaCatalogsConfigVersion.cmake
   DESTINATION ${ORVIDA_INSTALL_CMAKEDIR})
 
-# The pkg-config file finds the prefix from its own folder, however deep that is, so that an installation
-# can be moved. With an absolute library folder there is no such way.
+# The pkg-config file finds the prefix relative to its own folder, so that an installation can be moved. With
+# an absolute library folder it cannot.
 set(ORVIDA_PC_PREFIX ${CMAKE_INSTALL_PREFIX})
 if(NOT IS_ABSOLUTE ${CMAKE_INSTALL_LIBDIR})
   file(RELATIVE_PATH up /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)

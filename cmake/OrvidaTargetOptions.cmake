@@ -1,13 +1,7 @@
-# What every target of this project is compiled with. Used by the folders' CMakeLists.txt; nothing here
-# reaches a host that links the libraries.
+# Compile and link options of all targets of this project. None of them reaches a host that links the
+# libraries.
 
-if(CMAKE_CXX_CLANG_TIDY)
-  # What moc writes is not ours to check. clang-tidy asks for one check that is on; this one finds nothing here.
-  file(WRITE ${PROJECT_BINARY_DIR}/.clang-tidy "Checks: '-*,llvm-twine-local'\n")
-endif()
-
-# Compiler habits of all our own targets: strict warnings, and Qt without its implicit conversions and
-# keyword macros.
+# For all targets: strict warnings, and Qt without its implicit conversions and keyword macros.
 function(orvida_target_options target)
   target_compile_features(${target} PUBLIC cxx_std_17)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
@@ -32,9 +26,9 @@ endif()
 # A shared library of the product: hidden unless exported, soname with the compatible version, every symbol
 # resolved when it is linked (sanitizer runtimes resolve theirs in the executable).
 #
-# It stays in memory when a host closes it with dlclose(), and is taken down when the process ends. What it
-# hands out leads back into it: QStringLiteral texts, such as log messages, are its static data, and catalogs
-# are released and fields are called by its code. A host could not know when nothing of that is left.
+# It stays in memory after dlclose() until the process ends, because what it hands out depends on it:
+# QStringLiteral texts, such as log messages, are its static data, and its code destroys catalogs and fields.
+# A host could not know when the last of these is gone.
 function(orvida_library_options target)
   orvida_target_options(${target})
   set_target_properties(${target} PROPERTIES
@@ -50,10 +44,9 @@ function(orvida_library_options target)
 endfunction()
 
 # Headers are included by their path below the source folder ("catalogs/model/Catalog.h"), in the build as
-# after an installation. Gives the include root for those of `folder` in the variable `result`: the source
-# folder itself, so that compilers and editors name the real files. Only when a host has put its own layer in
-# place of shared/ would "shared/..." then still find our stand-in; there, each folder gets a root of its own
-# in the build tree, which holds nothing but a link to it.
+# after an installation. Sets `result` to the include root for `folder`: the source folder itself, so that
+# compilers and editors name the real files. With a host layer of its own, that root would still offer our
+# stand-in as "shared/..."; so each folder then gets a root in the build tree that contains only a link to it.
 function(orvida_include_root folder result)
   set(root ${PROJECT_SOURCE_DIR})
   if(ORVIDA_HOST_TARGET)
@@ -66,8 +59,8 @@ function(orvida_include_root folder result)
   set(${result} ${root} PARENT_SCOPE)
 endfunction()
 
-# Public headers of `target`, listed relative to their folder: installed with their folders, and compiled
-# one by one in the dev preset to prove that each stands alone.
+# Public headers of `target`, relative to `folder`: installed with their folders, and compiled one by one in
+# preset dev to prove that each is self-contained.
 function(orvida_public_headers target folder)
   orvida_include_root(${folder} root)
   list(TRANSFORM ARGN PREPEND ${root}/${folder}/)

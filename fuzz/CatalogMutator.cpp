@@ -1,7 +1,6 @@
 // How libFuzzer changes the inputs of targets that read catalog files. Nearly every change of single bytes
-// breaks the XML, and then nothing is built of the catalog. So half of the changes keep the markup: a value
-// takes the place of another, which makes loops, orphans and equal keys, or lines with records go or come
-// twice.
+// breaks the XML, and then no catalog is built. So half of the changes keep the markup: one value replaces
+// another, which makes loops, orphans and equal keys, or lines with records are removed or repeated.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -15,7 +14,7 @@ namespace {
 
 using Random = std::minstd_rand;
 
-// Right behind the next character `before` from a random place on, or the start of `text`.
+// Directly after the next `before` that follows a random place, or the start of `text`.
 std::string::const_iterator startOf(const std::string &text, char before, Random &random)
 {
     const auto start = text.begin() + static_cast<std::ptrdiff_t>(random() % (text.size() + 1));

@@ -1,4 +1,4 @@
-// Fuzz target: any bytes as a catalog file that is checked; what a check says is compared with a load.
+// Fuzz target: any bytes as a catalog file. Compares what a check finds with what a load does.
 #include "checking/LoadAgreement.h"
 #include "fuzz/MemoryFile.h"
 

@@ -1,4 +1,4 @@
-// Fuzz target: any bytes as a catalog file. Loads it, walks everything that a host can reach, and drops it.
+// Fuzz target: any bytes as a catalog file. Loads it, visits all that a host can reach, and destroys it.
 #include "catalogs/building/CatalogLoader.h"
 #include "catalogs/reading/CatalogXMLParser.h"
 #include "fuzz/MemoryFile.h"
@@ -14,7 +14,7 @@ using Orvida::Fuzz::stopAt;
 
 namespace {
 
-// The catalog's own profile first, then those that anything is filed under.
+// The catalog's own profile first, then all that columns and lists name.
 QStringList profilesOf(const CatalogXMLParser &parser, const QString &current)
 {
     QSet<QString> profiles;
@@ -30,7 +30,7 @@ QStringList profilesOf(const CatalogXMLParser &parser, const QString &current)
     return QStringList(current) + profiles.values();
 }
 
-// Two readings of one file do not differ, and a failure has a reason.
+// Reading the same file twice gives the same, and a failure has a reason.
 QString faultOfReading(const CatalogXMLParser &parser, bool isRead, const Catalog &catalog)
 {
     if (isRead != catalog.IsValid() || isRead != (parser.failure().reason == CatalogReadFailure::None))

@@ -42,7 +42,7 @@ void check(QList<Element> elements)
     qSort(expected.begin(), expected.end(),
           [](const Element &a, const Element &b) { return a.sortOrder < b.sortOrder; });
     const auto sortOrderOf = [](const Element &element) { return element.sortOrder; };
-    // As the library does, and as it does with many more elements in a bad order.
+    // As the library does, and as it does with many elements in a bad order.
     QList<Element> searched = elements;
     Orvida::Catalogs::orderBySortOrder(elements, sortOrderOf);
     SortOrdering<Element, decltype(sortOrderOf)>(searched, sortOrderOf, 0).order(0, searched.size());

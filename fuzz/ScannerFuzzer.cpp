@@ -1,5 +1,5 @@
-// Fuzz target: any bytes as a document, and as a recipe for one. What the scanner finds plain,
-// QXmlStreamReader must read alike.
+// Fuzz target: any bytes as a document, and as a recipe for one. QXmlStreamReader must read the same from
+// every document that the scanner finds plain.
 #include "fuzz/MemoryFile.h"
 #include "support/ScannerComparison.h"
 
@@ -13,7 +13,7 @@ struct Piece
     const char *element = nullptr; // that the text opens
 };
 
-// What control characters stand for in a recipe.
+// What control characters mean in a recipe.
 constexpr Piece pieces[] = {
     {"<a>", "a"},
     {"<ab c='d'>", "ab"},
@@ -49,8 +49,8 @@ constexpr Piece pieces[] = {
     {"\xEF\xBF\xBF"},
 };
 
-// Nearly every change of a document breaks it, and then there is nothing to compare. Many recipes make one
-// that is plain: what they open is closed, and all but control characters are text.
+// Nearly every change of a document breaks it, and then there is nothing to compare. Many recipes give a
+// plain one: what they open is closed, and everything but control characters is text.
 QByteArray documentFrom(const QByteArray &recipe)
 {
     QByteArray document = "<r>";

@@ -1,4 +1,4 @@
-// Fuzz target: any bytes as a catalog file whose style is asked for; compared with a plain search for it.
+// Fuzz target: any bytes as a catalog file. Compares its style with a plain search for it.
 #include "catalogs/reading/CatalogXMLParser.h"
 #include "fuzz/MemoryFile.h"
 
@@ -16,7 +16,7 @@ qint64 expectedStyle(const QByteArray &content)
             continue;
         const QString name = reader.name().toString();
         if (isInCatalog && name == QLatin1String("CAT_Style")) {
-            // Whatever comes next, a comment's text included.
+            // Whatever comes next, even the text of a comment.
             reader.readNext();
             return reader.text().toString().toLongLong();
         }

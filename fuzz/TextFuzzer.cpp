@@ -21,7 +21,8 @@ QString plainlyDecoded(const QString &scrambled)
     return QString::fromUtf8(bytes.constData());
 }
 
-// What the scrambled form can hold of a text: it ends at a zero character, and UTF-8 has no half pairs.
+// The part of a text that the scrambled form can hold: it ends at a zero character, and UTF-8 has no half
+// surrogate pairs.
 QString storable(const QString &text)
 {
     const int end = text.indexOf(QChar(QChar::Null));

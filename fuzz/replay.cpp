@@ -1,5 +1,5 @@
 // replay FOLDER: runs every file of a corpus folder through a fuzz target, without the fuzzer. A finding ends
-// the process; an empty folder is a failure, too.
+// the process; an empty folder is a failure.
 #include <QDir>
 
 #include <cstddef>

@@ -39,8 +39,8 @@ CatalogFile CatalogFile::load(const Options &options)
         return file;
     {
         const LibraryOutput output(options.showsLog ? LibraryOutput::Everything : LibraryOutput::Problems);
-        file.m_catalog = Catalogs::CatalogLoader().loadCatalog(file.path(), options.fileName);
-        file.m_hasLooseEnds = output.hasHeldBack();
+        file.m_catalog = Catalogs::CatalogLoader().loadCatalog(file.loadedPath(), options.fileName);
+        file.m_hasLosses = output.hasHeldBack();
     }
     if (!file.isLoaded())
         file.findFailure();
@@ -54,14 +54,14 @@ const CatalogXMLParser &CatalogFile::records()
         const LibraryOutput output(LibraryOutput::Nothing);
         m_records = std::make_unique<CatalogXMLParser>();
         QHash<QString, QSharedPointer<Catalogs::CatalogItem>> items;
-        m_records->readFile(path(), items);
+        m_records->readFile(loadedPath(), items);
     }
     return *m_records;
 }
 
 qint64 CatalogFile::style() const
 {
-    return CatalogXMLParser().readCatalogStyleFlag(path());
+    return CatalogXMLParser().readCatalogStyleFlag(loadedPath());
 }
 
 QStringList CatalogFile::profiles()
@@ -88,17 +88,6 @@ const RecordPositions &CatalogFile::positions()
     return *m_positions;
 }
 
-QString CatalogFile::otherFormText() const
-{
-    if (m_input.form().value_or(m_form) == m_form)
-        return QString();
-    if (m_form == TextForm::Readable)
-        return QStringLiteral("the file is scrambled already; leave --readable out");
-    return QStringLiteral(
-        "this is the readable form of a catalog, and hosts read nothing of its captions and "
-        "codes; use --readable, or scramble the file");
-}
-
 // Reads the file and makes the form of it that the library loads.
 bool CatalogFile::prepare()
 {
@@ -110,7 +99,7 @@ bool CatalogFile::prepare()
         return true;
     const FormChange change(m_input.bytes());
     if (change.failure()) {
-        m_failure = *change.failure();
+        m_failure = explained(*change.failure(), path());
         return false;
     }
     if (!m_scrambled.append(change.scrambled())) {
@@ -120,27 +109,19 @@ bool CatalogFile::prepare()
     return true;
 }
 
-// The loader only tells that a load failed. Reading the records tells why.
+// The loader only reports that a load failed. Reading the records shows why.
 void CatalogFile::findFailure()
 {
     const CatalogReadFailure &failure = records().failure();
-    m_failure = failureOf(failure);
-    if (failure.reason != CatalogReadFailure::RecordRefused)
-        return;
-    if (m_form == TextForm::Readable)
+    m_failure = failureOf(failure, otherFormText());
+    if (failure.reason == CatalogReadFailure::NotWellFormed)
+        m_failure = explained(m_failure, path());
+    if (failure.reason == CatalogReadFailure::RecordRefused && m_form == TextForm::Readable)
         m_failure.position =
-            translated(m_failure.position, RecordPositions(path(), TextForm::Scrambled), positions());
-    // A scrambled key in the clear decodes to something else, often to nothing.
-    const QStringList &fields = failure.missingFields;
-    const bool lacksScrambledKey = std::any_of(fields.cbegin(), fields.cend(), [](const QString &field) {
-        return Catalogs::CatalogFormat::isScrambled(field);
-    });
-    const QString otherForm = lacksScrambledKey ? otherFormText() : QString();
-    if (!otherForm.isEmpty())
-        m_failure.remedy = otherForm;
+            translated(m_failure.position, RecordPositions(loadedPath(), TextForm::Scrambled), positions());
 }
 
-QString CatalogFile::path() const
+QString CatalogFile::loadedPath() const
 {
     return m_form == TextForm::Readable ? m_scrambled.path() : m_input.path();
 }

@@ -24,18 +24,14 @@ QJsonArray childIds(CatalogItem &item)
     return ids;
 }
 
-// Asking for fields makes them. Those of all profiles of all items would take many times the memory of the
-// catalog, so they are dropped at once.
-QJsonObject takeFields(Catalog &catalog, CatalogItem &item, const QStringList &profiles)
+QJsonObject fieldsToJson(Catalog &catalog, CatalogItem &item, const QStringList &profiles)
 {
     QJsonObject byProfile;
     for (const QString &profile : profiles) {
         catalog.setProfile(profile);
         QJsonArray array;
-        QList<CatalogInputField> &fields = item.getFields();
-        for (const CatalogInputField &field : qAsConst(fields))
+        for (const CatalogInputField &field : qAsConst(item.getFields()))
             array.append(fieldToJson(field));
-        fields.clear();
         if (!array.isEmpty())
             byProfile.insert(profile, array);
     }
@@ -61,7 +57,7 @@ QJsonObject itemToJson(Catalog &catalog, CatalogItem &item, const QStringList &p
         {QStringLiteral("autoPicture"), item.autoPicture()},
         {QStringLiteral("isVirtual"), item.isVirtual()},
         {QStringLiteral("children"), childIds(item)},
-        {QStringLiteral("fields"), takeFields(catalog, item, profiles)},
+        {QStringLiteral("fields"), fieldsToJson(catalog, item, profiles)},
     };
 }
 

@@ -10,7 +10,7 @@
 
 namespace Orvida::Tools {
 
-/// Gives the JSON of a whole catalog piece by piece, so that no more than one item of it is in memory.
+/// Writes the JSON of a whole catalog piece by piece, so that only one item of it is in memory at a time.
 class CatalogJson
 {
 public:
@@ -22,8 +22,8 @@ public:
     }
 
     /// Every item with its fields for each profile of `profiles`, and the codes of each. Items come in
-    /// display order, those outside the tree after them by id. `style` is the file's style value. Uses the
-    /// catalog up: its fields are gone afterwards, and its profile is another one.
+    /// display order, those outside the tree after them by id. `style` is the file's style value. Leaves
+    /// the catalog with another profile.
     void write(Catalogs::Catalog &catalog, const QStringList &profiles, qint64 style);
 
 private:

@@ -125,7 +125,7 @@ void CodeForm::printSources(const CatalogItem &item, const CatalogInputField &fi
     const bool isAmbiguous = records.extensions.size() > 1;
     printProperty(fieldMargin, QStringLiteral("built from"),
                   records.extensions.join(QStringLiteral(" or "))
-                      + (isAmbiguous ? QStringLiteral("; both fill this column") : QString()));
+                      + (isAmbiguous ? QStringLiteral("; each of them fills this column") : QString()));
     for (const FieldWords &line : wordsOf(field, listName))
         printProperty(fieldMargin, line.label, line.words,
                       isAmbiguous ? QString() : m_sources->sourceOf(line, field, records));

@@ -14,7 +14,8 @@ namespace Orvida::Tools {
 class CodeForm
 {
 public:
-    /// Everything that is given must outlive the form. With `sources` the form tells where all comes from.
+    /// All arguments must outlive the form. With `sources` the form also shows where each property comes
+    /// from.
     CodeForm(QTextStream &out, const OutputStyle &style, const FieldOrigins &origins,
              const FieldSources *sources)
         : m_out(out), m_style(style), m_origins(origins), m_sources(sources)

@@ -5,6 +5,7 @@
 #include "tools/Messages.h"
 #include "tools/NearNames.h"
 
+#include <CLI/CLI.hpp>
 #include <QString>
 #include <QStringList>
 
@@ -33,7 +34,7 @@ int print(const std::string &text)
     return output.finish(Done);
 }
 
-// Help and version come as "errors" that ended well.
+// The parser reports --help and --version as errors with exit code 0.
 int endWithoutRunning(const CLI::App &app, const CLI::ParseError &error)
 {
     if (dynamic_cast<const CLI::CallForHelp *>(&error))
@@ -45,7 +46,7 @@ int endWithoutRunning(const CLI::App &app, const CLI::ParseError &error)
     return WrongUsage;
 }
 
-// What is no option is the name of a command. The parser would only miss one.
+// A first argument that is no option must be a command. The parser would only say that one is missing.
 bool namesNoCommand(const CLI::App &app, const QString &word)
 {
     const auto commands = app.get_subcommands(nullptr);

@@ -1,4 +1,4 @@
-// Takes a call of the tool apart and runs the command that it is for.
+// Parses the command line and runs the command that it names.
 #pragma once
 
 #include "tools/commands/Command.h"
@@ -8,8 +8,8 @@
 
 namespace Orvida::Tools {
 
-/// Runs the one of `commands` that the call names, or answers what was asked of the tool itself, and gives
-/// the exit status of the process.
+/// Runs the one of `commands` that the arguments name, or answers --help and --version. Returns the exit
+/// status of the process.
 int runCommandLine(int argc, char **argv, const std::vector<std::unique_ptr<Command>> &commands);
 
 } // namespace Orvida::Tools

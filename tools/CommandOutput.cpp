@@ -1,6 +1,7 @@
 #include "tools/CommandOutput.h"
 
 #include "tools/ExitStatus.h"
+#include "tools/FileFailure.h"
 #include "tools/Messages.h"
 
 #include <cstdio>
@@ -26,7 +27,7 @@ int CommandOutput::finish(int status)
     if (m_stream.status() == QTextStream::Ok && m_file.flush() && m_file.error() == QFileDevice::NoError
         && std::fflush(stdout) == 0)
         return status;
-    printMessage(QStringLiteral("error: cannot write to standard output"));
+    printMessage(QStringLiteral("error: cannot write to standard output: ") + errorTextOf(m_file));
     return NotReadable;
 }
 

@@ -17,7 +17,7 @@ public:
     /// Writes `bytes` as they are.
     void write(const QByteArray &bytes);
 
-    /// Writes what is still held back, and gives the exit status of the process: `status`, or
+    /// Writes what is still buffered, and returns the exit status of the process: `status`, or
     /// `NotReadable` with a message on standard error when something could not be written.
     int finish(int status);
 

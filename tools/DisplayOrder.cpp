@@ -52,4 +52,11 @@ QList<ItemPointer> displayedItems(Catalogs::Catalog &catalog)
     return items + outside;
 }
 
+int countItems(const ItemPointer &root)
+{
+    int count = 0;
+    walkTree(root, [&count](const ItemPointer &, const TreePlace &) { ++count; });
+    return count;
+}
+
 } // namespace Orvida::Tools

@@ -15,7 +15,7 @@ namespace Orvida::Tools {
 /// Where an item is in the tree.
 struct TreePlace
 {
-    int depth = 0;       ///< From 0, for what hangs at the root.
+    int depth = 0;       ///< From 0, for the children of the root.
     bool isLast = false; ///< Among its siblings.
     bool isTied = false; ///< A sibling has the same sort order: hosts show the two in any order.
 };
@@ -26,8 +26,11 @@ QList<QSharedPointer<Catalogs::CatalogItem>> displayedChildren(Catalogs::Catalog
 /// Whether the neighbour of the item at `index` in a list of `displayedChildren` has the same sort order.
 bool isTied(const QList<QSharedPointer<Catalogs::CatalogItem>> &siblings, int index);
 
-/// Every item: the root, what hangs below it as the tree shows it, then the items outside the tree by id.
+/// Every item: the root, the items below it in the order of the tree, then those outside the tree by id.
 QList<QSharedPointer<Catalogs::CatalogItem>> displayedItems(Catalogs::Catalog &catalog);
+
+/// Number of items below `root`.
+int countItems(const QSharedPointer<Catalogs::CatalogItem> &root);
 
 /// Visits everything below `root` in display order, without recursion, so that the depth of a catalog does
 /// not matter: `visit(item, place)`.

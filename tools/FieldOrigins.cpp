@@ -4,10 +4,15 @@
 
 namespace Orvida::Tools {
 
+namespace {
+
+// The item that `extension` gives a field to.
 QString itemKeyOf(const Catalogs::CatalogParserParamExtended &extension)
 {
     return extension.baseCodeFk.isEmpty() ? extension.charExtFk : extension.baseCodeFk;
 }
+
+} // namespace
 
 FieldOrigins::FieldOrigins(const Catalogs::CatalogXMLParser &records) : m_records(records)
 {

@@ -1,4 +1,4 @@
-// Tells from which records of the file a field was built.
+// Finds the records from which a field was built.
 #pragma once
 
 #include "catalogs/model/Catalog.h"
@@ -9,9 +9,6 @@
 #include <QStringList>
 
 namespace Orvida::Tools {
-
-/// Key of the item that `extension` gives a field to.
-QString itemKeyOf(const Catalogs::CatalogParserParamExtended &extension);
 
 /// Finds the parameter extension of a field: the one that names the field's item and its column. A field does
 /// not hold its extension, nor the name of its list.
@@ -27,12 +24,12 @@ public:
         return m_extensions.value(item.id());
     }
 
-    /// Those of them that name the column of `field` as well. Of more than one it cannot be told which of
+    /// Those of them that also name the column of `field`. When there are several, it is unknown which of
     /// them the field was built from.
     QStringList extensionsOf(const Catalogs::CatalogItem &item,
                              const Catalogs::CatalogInputField &field) const;
 
-    /// Id of the list class of `field`, a field of `item`; empty when it has none or when it cannot be told.
+    /// Id of the list class of `field`, a field of `item`; empty when it has none or when it is unknown.
     QString listNameOf(const Catalogs::CatalogItem &item, const Catalogs::CatalogInputField &field) const;
 
 private:

@@ -1,4 +1,4 @@
-// The properties of an input field, told once for everything that shows them.
+// The properties of an input field, in one table for everything that shows them.
 #pragma once
 
 #include "catalogs/model/CatalogInputField.h"
@@ -18,9 +18,9 @@ struct FieldProperty
     QLatin1String name;
     /// Its label in the form of a code. Properties that follow each other with one label share a line.
     QLatin1String label;
-    /// What stands before the first of its label in the line of a field; null when it is not in there.
+    /// Text before the first property of its label in the one-line form; null when that leaves it out.
     const char *lead;
-    /// What stands between it and an earlier one of its label.
+    /// Text between it and an earlier property of its label.
     const char *joint;
     /// The element of the file that it comes from.
     QLatin1String element;
@@ -30,7 +30,7 @@ struct FieldProperty
     QString (*toWords)(const Catalogs::CatalogInputField &field, const QString &listName);
 };
 
-/// What properties of one label say of a field.
+/// The properties of one label, in words.
 struct FieldWords
 {
     QLatin1String label;

@@ -24,7 +24,7 @@ QString inWords(const Record &record)
     return atLine(text, record.position);
 }
 
-// The one of the records that has the field `element`.
+// The one of the records that is a `recordName`.
 const Record *holderOf(const QString &recordName, const FieldSources::Records &records)
 {
     for (const Record *record : {records.extension, records.parameter, records.column, records.listClass}) {

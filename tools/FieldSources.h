@@ -1,4 +1,4 @@
-// Tells where in the file each property of a field comes from.
+// Finds where in the file each property of a field comes from.
 #pragma once
 
 #include "tools/CatalogFile.h"
@@ -16,10 +16,10 @@ class FieldSources
 public:
     using Record = RecordPositions::Record;
 
-    /// The records that a field was built from; null for what is not in the file or cannot be told.
+    /// The records that a field was built from; null for those that are missing or cannot be determined.
     struct Records
     {
-        QStringList extensions; ///< In words; more than one when it cannot be told which it was.
+        QStringList extensions; ///< In words; several when it is unknown which one it was.
         const Record *extension = nullptr;
         const Record *parameter = nullptr;
         const Record *column = nullptr;

@@ -13,21 +13,24 @@
 
 namespace Orvida::Tools {
 
-/// The bytes of a file, read once, whatever it is: a pipe cannot be read again, and a file that somebody
-/// saves meanwhile would give each reader another content.
+/// The bytes of a file, read once: a pipe cannot be read again, and a file that is saved meanwhile would give
+/// each reader different content.
 class InputFile
 {
 public:
     /// For the file `fileName`; "-" stands for standard input.
     explicit InputFile(const QString &fileName);
 
-    /// Reads the file; false when that fails, `failure` says why. Of a file that is no XML only what tells so
-    /// is read and kept: a device may have no end.
+    /// Reads the file; false when that fails, `failure` says why. A file that is no XML is read only
+    /// until that is clear: a device may have no end.
     [[nodiscard]] bool read();
     const FileFailure &failure() const { return m_failure; }
 
     /// The form that the file seems to have.
     std::optional<TextForm> form() const { return m_form; }
+    /// What to do about it when the file is taken to be in `form` and seems to be in the other one; else
+    /// empty.
+    QString otherFormText(TextForm form) const;
 
     /// The file as messages name it: as the user did, or "<standard input>".
     QString name() const;

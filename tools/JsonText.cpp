@@ -12,8 +12,8 @@ bool mayHaveSteering(const QByteArray &json)
     return json.contains('\x7F') || json.contains('\xC2') || json.contains('\xE2');
 }
 
-// JSON itself only asks for the control characters of ASCII to be escaped. All others that stand in a JSON
-// text stand in one of its strings.
+// JSON itself only requires the control characters of ASCII to be escaped. All others can only be in strings,
+// where an escape means the same.
 QString withoutSteering(const QString &json)
 {
     QString result;

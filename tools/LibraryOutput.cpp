@@ -38,17 +38,18 @@ void showMessage(QtMsgType type, const QMessageLogContext &context, const QStrin
               .arg(QLatin1String(levelName(type)), QString::fromUtf8(context.category), message));
 }
 
-bool isOfUnknownItem(QtMsgType type, const QMessageLogContext &context, const QString &message)
+bool isOfLibrary(const QMessageLogContext &context)
 {
-    return type == QtCriticalMsg && qstrcmp(context.category, "CatalogLoader") == 0
-           && message.startsWith(QLatin1String("Catalog item "));
+    const QLatin1String category(context.category);
+    return category == QLatin1String("CatalogLoader") || category == QLatin1String("CatalogListItem")
+           || category == QLatin1String("DataConverter");
 }
 
 // Standard output is kept; there it does not get lost.
 void showProblem(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (isOfUnknownItem(type, context, message))
-        std::fputs("unknown item\n", stdout);
+    if (type == QtCriticalMsg && isOfLibrary(context))
+        std::fputs("error\n", stdout);
     else
         showMessage(type, context, message);
 }
@@ -67,7 +68,7 @@ LibraryOutput::LibraryOutput(Show show)
     std::fflush(stdout);
     m_standardOutput = dup(STDOUT_FILENO);
     const int diverted = open(m_diverted.path().toLatin1().constData(), O_WRONLY);
-    // Without room for it, it goes straight to standard error.
+    // Without memory for it, it is written to standard error at once.
     if (m_standardOutput >= 0)
         dup2(diverted >= 0 ? diverted : STDERR_FILENO, STDOUT_FILENO);
     if (diverted >= 0)

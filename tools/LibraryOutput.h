@@ -7,15 +7,15 @@
 
 namespace Orvida::Tools {
 
-/// While it lives, keeps what the library writes to standard output out of it, which must hold only what was
-/// asked for, and shows what the library logs on standard error, a line each: level, category, message.
+/// While it lives, diverts what the library writes to standard output, which must hold only what was asked
+/// for, and shows its log messages on standard error, a line each: level, category, message.
 class LibraryOutput
 {
 public:
     /// What is shown.
     enum Show {
         Nothing,
-        Problems,   ///< Errors and warnings, but not those of which `reportOddities` tells more.
+        Problems,   ///< Warnings, and errors that are not the library's: `reportLoad` explains those.
         Everything, ///< Every log message, and what was written to standard output.
     };
 
@@ -23,8 +23,8 @@ public:
     ~LibraryOutput();
     Q_DISABLE_COPY(LibraryOutput)
 
-    /// Whether there was anything about items that are not in the catalog: text on standard output, or a log
-    /// message that `Problems` does not show.
+    /// Whether there was anything that `Problems` does not show: text on standard output, or an error of the
+    /// library.
     bool hasHeldBack() const;
 
 private:

@@ -1,4 +1,4 @@
-// Says in words what loading a catalog file brought to light.
+// Reports how the load of a catalog file went.
 #pragma once
 
 #include "tools/CatalogFile.h"
@@ -6,7 +6,8 @@
 namespace Orvida::Tools {
 
 /// Writes to standard error why the file is not loaded; of a loaded one, what its author should know: that it
-/// seems to be in the other form, has no codes, or items and fields that hang nowhere. Whether it is loaded.
+/// seems to be in the other form, has no codes, or what of it does not load as it was written. Whether it is
+/// loaded.
 [[nodiscard]] bool reportLoad(CatalogFile &file);
 
 } // namespace Orvida::Tools

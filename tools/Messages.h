@@ -12,7 +12,7 @@ struct FilePosition
     qint64 column = 0;
 };
 
-/// "FILE:LINE:COLUMN: error: TEXT" or "... warning: TEXT", made fit for a terminal.
+/// "FILE:LINE:COLUMN: error: TEXT" or "... warning: TEXT", made safe for a terminal.
 void printError(const QString &file, FilePosition position, const QString &text);
 void printWarning(const QString &file, FilePosition position, const QString &text);
 

@@ -10,8 +10,8 @@ namespace Orvida::Tools {
 /// in a few letters, or that begin with it.
 QStringList nearNames(const QString &name, const QStringList &names);
 
-/// Says on standard error that there is no "`what`", in which %1 is the name, and which of `names` come near
-/// it. Gives the exit status of a command for which that is the answer.
+/// Reports on standard error that there is no "`what`", in which %1 is replaced by `name`, and which of
+/// `names` are similar. Returns the exit status for that answer.
 int reportUnknown(const QString &what, const QString &name, const QStringList &names);
 
 } // namespace Orvida::Tools

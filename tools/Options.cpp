@@ -1,5 +1,7 @@
 #include "tools/Options.h"
 
+#include <CLI/CLI.hpp>
+
 #include <map>
 #include <string>
 

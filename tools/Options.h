@@ -4,15 +4,18 @@
 #include "tools/CatalogFile.h"
 #include "tools/OutputStyle.h"
 
-#include <CLI/CLI.hpp>
 #include <QString>
-#include <QStringList>
 
 #include <optional>
 
+namespace CLI {
+class App;
+class Option;
+} // namespace CLI
+
 namespace Orvida::Tools {
 
-/// Where options store what they are given must live until the call was taken apart.
+// The places in which options store their values must live until the command line is parsed.
 
 /// An option that takes a text; an empty text is one too.
 CLI::Option *addTextOption(CLI::App &command, const char *name, std::optional<QString> &text,

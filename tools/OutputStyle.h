@@ -1,4 +1,4 @@
-// How the tool's text looks: colours, and texts of a catalog made fit for one line of a terminal.
+// How the tool's text looks: colours, and texts of a catalog made safe for one line of a terminal.
 #pragma once
 
 #include <QString>
@@ -16,7 +16,7 @@ enum class ColorChoice {
 class OutputStyle
 {
 public:
-    /// Decides by `choice` and, for `Auto`, by where standard output goes and by the environment.
+    /// Decides by `choice` and, for `Auto`, by standard output and the environment.
     explicit OutputStyle(ColorChoice choice);
 
     QString code(const QString &text) const;

@@ -53,10 +53,12 @@ bool isDropped(const RecordPositions::Record &record)
 
 const RecordPositions::Field *RecordPositions::Record::field(QLatin1String name) const
 {
-    const auto found = std::find_if(fields.crbegin(), fields.crend(), [name](const Field &candidate) {
-        return candidate.format->name == name;
-    });
-    return found == fields.crend() ? nullptr : &*found;
+    const Field *found = nullptr;
+    for (const Field &candidate : fields) {
+        if (candidate.format->name == name && (!found || candidate.hasText || !found->hasText))
+            found = &candidate;
+    }
+    return found;
 }
 
 RecordPositions::RecordPositions(const QString &path, TextForm form) : m_form(form)
@@ -99,13 +101,14 @@ RecordPositions::Record RecordPositions::readRecord(QXmlStreamReader &reader,
             const Format::Field *field = fieldOf(format, reader.name());
             isTextMissing = field;
             if (field)
-                record.fields.append({field, positionOf(reader), QString()});
+                record.fields.append({field, positionOf(reader), QString(), false});
         } else if (token == QXmlStreamReader::Characters && isTextMissing) {
             Field &field = record.fields.last();
             const bool isScrambled = field.format->isScrambled() && m_form == TextForm::Scrambled;
             // A copy: a string made of the whole text would keep the reader's buffer.
             field.value = isScrambled ? Catalogs::ScrambledText::decode(reader.text())
                                       : QString(reader.text().constData(), reader.text().size());
+            field.hasText = true;
             isTextMissing = false;
         } else if (token == QXmlStreamReader::EndElement) {
             isTextMissing = false;

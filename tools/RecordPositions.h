@@ -29,6 +29,7 @@ public:
         const Format::Field *format;
         FilePosition position;
         QString value; ///< As a load reads a text; a scrambled one in the clear.
+        bool hasText;  ///< An empty element has none, and leaves what an earlier one gave.
     };
 
     /// A record, with the position after its start tag.
@@ -42,25 +43,20 @@ public:
         QString key;
         QString profile;
 
-        /// The last field with this name; null when it is not given.
+        /// The field with this name whose value a load takes: the last one with a text, else the last one;
+        /// null when it is not given.
         const Field *field(QLatin1String name) const;
     };
 
-    /// Reads the file `path`, whose scrambled fields stand in `form`, as far as it is well-formed.
+    /// Reads the file `path`, whose scrambled fields are in `form`, as far as it is well-formed.
     RecordPositions(const QString &path, TextForm form);
 
     /// All records in file order, those that do not count too.
     const std::vector<Record> &records() const { return m_records; }
 
-    /// The record whose key is `key`; null when there is none. Columns and list classes are told apart by
-    /// `profile` as well.
+    /// The record whose key is `key`; null when there is none. Columns and list classes are also
+    /// distinguished by `profile`.
     const Record *find(Format::KeySpace keySpace, const QString &key, const QString &profile = {}) const;
-
-    /// Whether `record`, one of `records()`, is the one of its key that counts.
-    bool counts(const Record &record) const
-    {
-        return find(record.keySpace, record.key, record.profile) == &record;
-    }
 
 private:
     using Key = QPair<int, QPair<QString, QString>>;

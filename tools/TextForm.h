@@ -14,7 +14,7 @@
 
 namespace Orvida::Tools {
 
-/// How the texts of the scrambled fields stand in a file.
+/// How the texts of the scrambled fields are written in a file.
 enum class TextForm {
     Scrambled, ///< As hosts load them.
     Readable,  ///< In the clear, for authors.
@@ -34,6 +34,7 @@ public:
     {
         FilePosition position;
         QString text;
+        QString remedy = {};
     };
 
     explicit FormChange(const QByteArray &document);
@@ -47,8 +48,12 @@ public:
     /// The texts with an obstacle greater than `tolerated`.
     QVector<Note> obstacles(FieldText::Obstacle tolerated) const;
 
-    /// The scrambled form of the file. What has no place in the document stays as it is.
+    /// The scrambled form of the file. Texts that are part of an entity stay as they are.
     QByteArray scrambled() const;
+
+    /// The texts that seem to be scrambled already, among others that are not: scrambling them once more
+    /// would surely be a mistake.
+    QVector<Note> scrambledTexts() const;
 
     /// The readable form of the file. What could not be scrambled back to the same bytes stays as it is and
     /// is noted in `left`; with `takesLowerCase` digits in lower case do not matter.

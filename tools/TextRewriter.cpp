@@ -46,7 +46,7 @@ QByteArray declaredEncoding(const QString &text)
     return pattern.match(text).captured(1).toLatin1();
 }
 
-// These names leave the order of bytes open, which the beginning of the document has told.
+// These names leave the byte order open; the beginning of the document has shown it.
 bool leavesOrderOpen(const QByteArray &encoding)
 {
     return qstricmp(encoding.constData(), "UTF-16") == 0 || qstricmp(encoding.constData(), "UTF-32") == 0;

@@ -16,7 +16,7 @@ class TextRewriter
 public:
     explicit TextRewriter(const QByteArray &document);
 
-    /// Whether the bytes stand for a text in their encoding.
+    /// Whether the bytes are valid in their encoding.
     bool isDecoded() const { return m_isDecoded; }
 
     /// The document without its byte-order mark.

@@ -30,7 +30,7 @@ QString label(const CatalogItem &item)
 
 void TreeView::print(const ItemPointer &root, const Details &details)
 {
-    // What stands left of an item at each depth above it: a line that goes on, or a gap.
+    // What is left of an item, for each depth above it: a line that continues, or a gap.
     QString indentation;
     printDetails(indentation, *root, details);
     bool hasTies = false;
@@ -48,13 +48,6 @@ void TreeView::print(const ItemPointer &root, const Details &details)
                               + QStringLiteral(" siblings of equal sort order: hosts show them "
                                                "in any order"))
               << '\n';
-}
-
-int TreeView::countItems(const ItemPointer &root)
-{
-    int count = 0;
-    walkTree(root, [&count](const ItemPointer &, const TreePlace &) { ++count; });
-    return count;
 }
 
 void TreeView::printItem(const QString &indentation, const TreePlace &place, const CatalogItem &item)

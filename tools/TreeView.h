@@ -27,9 +27,6 @@ public:
     /// Items whose order among their siblings is open are marked, and the mark is explained at the end.
     void print(const QSharedPointer<Catalogs::CatalogItem> &root, const Details &details);
 
-    /// Number of items below `root`.
-    static int countItems(const QSharedPointer<Catalogs::CatalogItem> &root);
-
 private:
     void printItem(const QString &indentation, const TreePlace &place, const Catalogs::CatalogItem &item);
     void printDetails(const QString &indentation, Catalogs::CatalogItem &item, const Details &details);

@@ -107,7 +107,7 @@ constexpr Field listClassFields[] = {
     field(2, "LC_Profile_FK", text,      required, used,   "PRO_PK",         "The profile for which the list holds."),
     field(3, "LC_Class_ID",   scrambled, required, used,   Key::ListClassId, "Id by which input fields name the list; LC_ID_CD marks the list of continuous-defect codes."),
     field(4, "LC_Caption",    scrambled, optional, stored, none,             "Caption of the list."),
-    field(5, "LC_TypeFlags",  integer,   optional, used,   none,             "What is recorded of an entry: with 32 LIST_Internal unless blank, else with 1 LIST_Caption, else LIST_Item."),
+    field(5, "LC_TypeFlags",  integer,   optional, used,   none,             "What is recorded of an entry: with 32 LIST_Internal unless it is empty or white space, else with 1 LIST_Caption, else LIST_Item."),
 };
 
 constexpr Field listItemFields[] = {
@@ -238,7 +238,7 @@ constexpr Record recordRows[] = {
            RepeatedKey::Added, "Both are kept; of each mark, the first in the file counts.", profileExtensionFields),
     record(5, "COL", "column", "columns",
            "Says how a profile shows the input fields that are bound to a column.",
-           RepeatedKey::Added, "Both are kept; for one column and profile, the first in the file counts.", columnFields),
+           RepeatedKey::Added, "Both are kept; for one column and profile, the first one with a known type counts.", columnFields),
     record(6, "LC", "list class", "list classes",
            "A list of values that a profile offers; its list items are its entries.",
            RepeatedKey::Added, "Both are kept; for one class id and profile, the later one counts.", listClassFields),
@@ -284,11 +284,13 @@ constexpr KindRow kindRows[] = {
             "catalog, the text itself."),
      latin1("empty")},
     {latin1("integer"),
-     latin1("Decimal digits with an optional sign, from -2147483648 to 2147483647. Other texts read as 0."),
+     latin1(
+         "Decimal digits with an optional sign, from -2147483648 to 2147483647; white space around them does "
+         "not matter. Other texts read as 0."),
      latin1("0")},
     {latin1("64-bit integer"),
-     latin1("Decimal digits with an optional sign, from -9223372036854775808 to 9223372036854775807. Other "
-            "texts read as 0."),
+     latin1("Decimal digits with an optional sign, from -9223372036854775808 to 9223372036854775807; white "
+            "space around them does not matter. Other texts read as 0."),
      latin1("0")},
     {latin1("boolean"),
      latin1("true or false, in any letter case. Other texts read as false, with an error in the log."),

@@ -1,4 +1,5 @@
-// The format of catalog files, told once: its records and their fields, as plain tables. Needs Qt Core only.
+// The one definition of the format of catalog files: its records and fields, as plain tables. Needs Qt Core
+// only.
 #pragma once
 
 #include "catalogs/CatalogsExport.h"

@@ -30,13 +30,15 @@ int sortOrderOfField(const CatalogInputField &field)
 
 CatalogItem::CatalogItem() = default;
 
-// Releasing a child destroys it when nobody else holds it, and that would release its children in turn, as
+// Releasing a child destroys it unless it is held elsewhere, and that would release its children in turn, as
 // deep as the tree is. So only the outermost destructor of a thread releases; those that it causes hand their
 // children to it.
 CatalogItem::~CatalogItem()
 {
-    thread_local ReleasedChildren *waiting = nullptr;
-    thread_local bool isReleasing = false;
+    // With the usual model, the first use on a thread allocates memory if the library was opened by dlopen(),
+    // and ends the process without it.
+    [[gnu::tls_model("initial-exec")]] thread_local ReleasedChildren *waiting = nullptr;
+    [[gnu::tls_model("initial-exec")]] thread_local bool isReleasing = false;
 
     if (!m_releasedChildren)
         return;

@@ -102,7 +102,7 @@ public:
     void addChildItem(const QSharedPointer<CatalogItem> &child);
 
     /// Removes `child` from the children, every time it is listed; does nothing for any other item. The order
-    /// of the others stays. Opens a loop that was made with `addChildItem`.
+    /// of the others stays. Cuts a loop that was made with `addChildItem`.
     void removeChildItem(const QSharedPointer<CatalogItem> &child);
 
     /// The children by ascending sort order; empty when there are none.

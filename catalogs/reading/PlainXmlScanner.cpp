@@ -16,7 +16,7 @@ namespace {
 using Token = QXmlStreamReader::TokenType;
 
 // What an ASCII byte may be a part of. CR and the bytes beyond ASCII have no kind and are looked at closely.
-enum Kind : uchar { Space = 1, Text = 2, Comment = 4, Value = 8, NameStart = 16, NameRest = 32 };
+enum ByteKind : uchar { Space = 1, Text = 2, Comment = 4, Value = 8, NameStart = 16, NameRest = 32 };
 
 constexpr std::array<uchar, 256> kinds = [] {
     std::array<uchar, 256> result{};
@@ -108,7 +108,7 @@ bool takeBytes(const uchar *&at, std::string_view bytes)
 }
 
 // All that may be a part of `kind`, line ends included, character by character.
-template <Kind kind, typename Append>
+template <ByteKind kind, typename Append>
 bool takeAll(const uchar *&at, Append append)
 {
     const uchar *next = at;

@@ -75,7 +75,7 @@ struct NoObserver
     void seeInside(int /*field*/) {}
     /// Of the record that has just ended: whether a load finds no text in `field`.
     bool isEmpty(const CatalogFormat::Field & /*field*/) { return false; }
-    /// The record that has just ended is refused, as the reader's failure says; whether to go on.
+    /// The record that has just ended is refused, as the reader's failure says; whether to continue.
     bool goesOnAfterRefusal() { return false; }
     /// The reader stands on the start tag of an element that is no record; skips it with its content.
     template <typename Xml>
@@ -93,7 +93,8 @@ template <typename Xml, typename Observer = NoObserver>
 class RecordReader
 {
 public:
-    /// Reads from `xml`, whose document has not begun, into `store`; a refused record is told in `failure`.
+    /// Reads from `xml`, whose document has not begun, into `store`; a refused record is reported in
+    /// `failure`.
     RecordReader(Xml &xml, const RecordStore &store, CatalogReadFailure &failure,
                  Observer &observer = noObserver)
         : m_xml(xml),
@@ -107,8 +108,8 @@ public:
     }
 
     /// Reads up to the last token of the document, an XML error included, or to the first record that is
-    /// refused, unless the observer lets it go on; false for the latter, and when the document ends inside a
-    /// record.
+    /// refused, unless the observer continues after that; false for the latter, and when the document ends
+    /// inside a record.
     [[nodiscard]] bool readDocument()
     {
         for (auto token = m_xml.readNext(); !isLast(token); token = m_xml.readNext()) {

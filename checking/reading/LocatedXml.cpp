@@ -7,6 +7,8 @@ namespace Orvida::Checking {
 
 namespace {
 
+// The namespace of attributes such as xsi:schemaLocation.
+constexpr QLatin1String schemaNamespace("http://www.w3.org/2001/XMLSchema-instance", 41);
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 bool isSpace(char byte)
@@ -60,8 +62,10 @@ QStringList AnyXml::attributeNames() const
     QStringList names;
     const QXmlStreamAttributes attributes = m_reader.attributes();
     for (const QXmlStreamAttribute &attribute : attributes) {
-        if (attribute.prefix().isEmpty())
-            names.append(attribute.name().toString());
+        const bool isForOthers =
+            attribute.prefix() == QLatin1String("xml") || attribute.namespaceUri() == schemaNamespace;
+        if (!isForOthers)
+            names.append(attribute.qualifiedName().toString());
     }
     return names;
 }

@@ -34,7 +34,8 @@ public:
     QStringRef name() const { return m_name; }
     QStringRef text() const { return m_text; }
 
-    /// Of a start tag, the names of its attributes that have no prefix: those are not for other programs.
+    /// Of a start tag, the names of its attributes, as written. Those that are meant for other programs, such
+    /// as xml:lang and xsi:schemaLocation, are left out.
     virtual QStringList attributeNames() const = 0;
     virtual bool isWhitespace() const = 0;
     virtual bool isCDATA() const = 0;

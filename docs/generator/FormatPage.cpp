@@ -94,7 +94,7 @@ QString bits(int byte)
 QString scramblingTable()
 {
     const QString word = QStringLiteral("Béton");
-    QString table = QStringLiteral("| Letter | Byte | In bits | Turned left by | In bits | Written as |\n"
+    QString table = QStringLiteral("| Letter | Byte | In bits | Rotated left by | In bits | Written as |\n"
                                    "|---|---|---|---|---|---|\n");
     const QString scrambled = ScrambledText::encode(word);
     int index = 0;

@@ -10,8 +10,8 @@ using Catalogs::CatalogFormat;
 using Kind = CatalogFormat::Kind;
 using Use = CatalogFormat::Use;
 
-// XSD 1.0 has no fields in any order that may also repeat: xs:all lets each come once. %1 the form, %2 the
-// roots, %3 the records, %4 the types.
+// XSD 1.0 cannot describe fields in any order that may also repeat: xs:all allows each once. %1 the form, %2
+// the roots, %3 the records, %4 the types.
 const char frame[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <xs:schema xmlns:xs="http://www.w3.org/2001/XMLSchema">
   <xs:annotation>

@@ -1,5 +1,4 @@
-// The manager: where files are, one catalog per identifier, signals, lock, the question about 3D, and the
-// end.
+// The manager: location of files, one catalog per identifier, signals, lock, the 3D query, and exit.
 
 #include "catalogs/access/CatalogManager.h"
 #include "catalogs/access/CatalogConfigData.h"
@@ -34,8 +33,8 @@ QByteArray catalogOf(const QByteArray &style)
 // Records signals while it lives. Emissions never overlap, so any thread may cause them.
 struct Signals
 {
-    const int catalogType = qRegisterMetaType<CatalogSptr>("CatalogSptr");
-    const int identifierType = qRegisterMetaType<QString>("Orvida::Base::GUID");
+    const bool areTypesRegistered = (CatalogManager::registerMetaTypes(), true);
+
     QSignalSpy ready{&manager(), &CatalogManager::catalogReady};
     QSignalSpy failed{&manager(), &CatalogManager::failedToLoadCatalog};
 };
@@ -47,8 +46,8 @@ struct ThrowingProvider : ICatalogFileNameProvider
     QString getCatalogFileName(const QString &) const override { throw 1; }
 };
 
-// A static object of the host that outlives the manager, as it was made before it. Ends the process with a
-// failure when it is not served as it should be.
+// A static object of the host that is created before the manager and so outlives it. Ends the process with a
+// failure if it is not served correctly.
 struct StaticObject
 {
     ~StaticObject()
@@ -96,9 +95,16 @@ void CatalogManagerTest::describesItsSignals()
     QCOMPARE(meta->indexOfSignal("failedToLoadCatalog(Orvida::Base::GUID)"), meta->methodOffset() + 1);
     for (const char *type : {"CatalogSptr", "Orvida::Base::GUID"})
         QCOMPARE(QMetaType::type(type), int(QMetaType::UnknownType));
+    for (int signal = meta->methodOffset(); signal < meta->methodCount(); ++signal) {
+        int argument = 0;
+        int type = 0;
+        void *query[] = {&type, &argument};
+        QMetaObject::metacall(&manager(), QMetaObject::RegisterMethodArgumentMetaType, signal, query);
+        QCOMPARE(type, -1);
+    }
 }
 
-// Folder, name and path. Nothing is added to them or normalised.
+// Folder, name and path: nothing is added or normalised.
 void CatalogManagerTest::composesPaths()
 {
     for (const char *row : {"/cat/|X.xml|/cat/X.xml", "/cat|X.xml|/catX.xml", "|X.xml|X.xml",
@@ -139,10 +145,12 @@ void CatalogManagerTest::triesAFailedCatalogAgain()
     FileTable files;
     const Signals sent;
     const QString id = text("failing");
-    const CatalogSptr first = manager().getCatalog(id); // an identifier that nobody knows yet
+    const CatalogSptr first = manager().getCatalog(id); // a new identifier
     files.add(id, m_folder.write(id, catalogOf("1").chopped(3)));
     const CatalogSptr second = manager().getCatalog(id);
     QVERIFY(first && second && first != second && !first->IsValid() && !second->IsValid());
+    QCOMPARE(summaryOf(first->failure()), text("not read"));
+    QCOMPARE(summaryOf(second->failure()), text("not well-formed at 3:87"));
     QCOMPARE(QList<QVariantList>(sent.failed), QList<QVariantList>({{id}, {id}}));
     m_folder.write(id, catalogOf("1"));
     const CatalogSptr loaded = manager().getCatalog(id);
@@ -158,8 +166,8 @@ void CatalogManagerTest::announcesBeforeItReturns_data()
     QTest::newRow("failed") << false;
 }
 
-// While a receiver runs, another thread finds the lock taken, even for a catalog that is in the cache, but
-// is told about 3D.
+// While a receiver runs, another thread waits for the lock, even for a catalog that is in the cache, but not
+// for an answer about 3D.
 void CatalogManagerTest::announcesBeforeItReturns()
 {
     QFETCH(bool, isReady);
@@ -188,7 +196,7 @@ void CatalogManagerTest::announcesBeforeItReturns()
     QCOMPARE(announced, QStringList{id});
 }
 
-// With the lock still taken, the next call would never return.
+// If the lock were still held, the next call would never return.
 void CatalogManagerTest::freesItsLockWhenAnExceptionPasses()
 {
     const QString id = text("exception");
@@ -210,16 +218,16 @@ void CatalogManagerTest::freesItsLockWhenAnExceptionPasses()
     QVERIFY(manager().is3DSupportedCatalog(id));
 }
 
-// What is known of a catalog and what is known of its style are kept apart.
+// Catalogs and styles are cached independently.
 void CatalogManagerTest::keepsItsFirstAnswerAbout3D()
 {
     const QStringList ids = {text("style"), text("Style"), text("STYLE")};
-    QVERIFY(!manager().is3DSupportedCatalog(ids.at(0))); // nobody is there to tell its file
+    QVERIFY(!manager().is3DSupportedCatalog(ids.at(0))); // there is no provider
     FileTable files;
     const Signals sent;
     for (const QString &id : ids)
         files.add(id, m_folder.path(text("changing.xml")));
-    QVERIFY(!manager().is3DSupportedCatalog(ids.at(1))); // its file is not there
+    QVERIFY(!manager().is3DSupportedCatalog(ids.at(1))); // there is no file
     m_folder.write(text("changing.xml"), catalogOf("-1"));
     QVERIFY(manager().is3DSupportedCatalog(ids.at(2)));
     QVERIFY(sent.ready.isEmpty() && sent.failed.isEmpty());

@@ -1,4 +1,5 @@
-// Entries of value lists. What they log is in catalogs/lists.xml; the loader drops their placeholder.
+// Entries of value lists. What they log is tested by catalogs/lists.xml; only here can their placeholder be
+// seen.
 
 #include "catalogs/building/CatalogListItem.h"
 

@@ -1,6 +1,6 @@
-// catalog-listing FILE [ENCODING]: loads a catalog file written in the clear and prints everything that came
-// of it, for the listings beside the catalogs. An element whose start tag has the attribute raw keeps its
-// text. ENCODING takes the place of the locale's.
+// catalog-listing FILE [ENCODING]: loads a readable catalog file and prints everything that it becomes, for
+// the listings beside the catalogs. The text of an element with the attribute raw is not scrambled. ENCODING
+// replaces that of the locale.
 #include "catalogs/building/CatalogLoader.h"
 #include "reading/RecordListing.h"
 #include "support/CatalogWalk.h"
@@ -25,8 +25,8 @@ void print(int depth, const QString &line)
     listing += QString(2 * depth, QLatin1Char(' ')) + line + QLatin1Char('\n');
 }
 
-// Loads the file and prints what is logged meanwhile and what the library writes to standard output, which is
-// about orphans; these are in the order of a hash.
+// Loads the file and prints what is logged, and what the library writes to standard output: orphans, in hash
+// order.
 CatalogSptr printLoad(const QString &path)
 {
     const QByteArray output = QFile::encodeName(path + text(".out"));
@@ -54,7 +54,7 @@ CatalogSptr printLoad(const QString &path)
     return catalog;
 }
 
-// Reads the file once more, with a parser of its own; gives every profile that anything is filed under.
+// Reads the file once more, with a parser only; gives every profile that the file defines or names.
 QStringList printReading(const QString &path)
 {
     CatalogXMLParser parser;
@@ -76,7 +76,7 @@ QStringList printReading(const QString &path)
     return profiles.keys();
 }
 
-// Prints an item with its fields in all profiles, and what is below it; an item of a loop once.
+// Prints an item with its fields in all profiles, and everything below it; items of a loop only once.
 void printItem(const ItemPtr &item, Catalog &catalog, const QStringList &profiles, QSet<QString> &printed,
                int depth)
 {
@@ -97,7 +97,7 @@ void printItem(const ItemPtr &item, Catalog &catalog, const QStringList &profile
         printItem(child, catalog, profiles, printed, depth + 1);
 }
 
-// First the tree, then what hangs below items without a parent, then what is left: loops.
+// First the tree, then items without a parent with everything below them, then what is left: loops.
 void printItems(Catalog &catalog, const QStringList &profiles)
 {
     const auto items = sorted(catalog.getCatalogItems());
@@ -132,7 +132,7 @@ void printCodes(Catalog &catalog, const QStringList &profiles)
     }
 }
 
-// The listing of a catalog file with this content, ended by what is wrong with the catalog or its end.
+// The listing of a catalog file with this content; its last line reports contradictions and leaks, if any.
 QString listingOf(const QByteArray &content)
 {
     const CatalogFolder folder;
@@ -159,7 +159,7 @@ QString listingOf(const QByteArray &content)
     return listing;
 }
 
-// The same with a document type, which not every XML reader of the library reads.
+// The same with a document type, which only one of the library's two XML readers accepts.
 QByteArray withDocumentType(QByteArray content)
 {
     if (content.contains("<!DOCTYPE"))

@@ -1,8 +1,8 @@
-// The table of the format against the tokenizer and the reader: the three must tell the same of every name.
+// The table of the format against the reader: both must agree on every name. The tokenizer is made from the
+// table.
 
 #include "catalogs/format/CatalogFormat.h"
 
-#include "catalogs/reading/CCatalogTokenizer.h"
 #include "reading/RecordListing.h"
 #include "support/TestSupport.h"
 
@@ -13,41 +13,8 @@ using namespace Orvida::Tests;
 namespace {
 
 using Format = CatalogFormat;
-using Names = CCatalogTokenizer;
 
 constexpr qint64 style = 9000000000;
-
-template <auto lookup>
-int tokenOf(const QStringRef &name)
-{
-    return int(lookup(name));
-}
-
-// The tokenizer's tables: root and sections, then the fields of each record in the order of the format.
-int (*const lookups[])(const QStringRef &) = {
-    tokenOf<&Names::stringToCatalogToken>,   tokenOf<&Names::stringToCatalogInfoToken>,
-    tokenOf<&Names::stringToProfileToken>,   tokenOf<&Names::stringToProfileExtensionToken>,
-    tokenOf<&Names::stringToColumnToken>,    tokenOf<&Names::stringToListClassToken>,
-    tokenOf<&Names::stringToListItemToken>,  tokenOf<&Names::stringToCodeClassToken>,
-    tokenOf<&Names::stringToBaseCodeToken>,  tokenOf<&Names::stringToCharacterExtensionToken>,
-    tokenOf<&Names::stringToParameterToken>, tokenOf<&Names::stringToParameterExtensionToken>,
-};
-
-// Every name with its token, under the place of its table in `lookups`.
-QHash<QString, QPair<int, int>> vocabulary()
-{
-    QHash<QString, QPair<int, int>> names;
-    for (const QLatin1String root : Format::rootNames())
-        names.insert(root, {0, Format::rootToken});
-    int table = 0;
-    for (const Format::Record &record : Format::records()) {
-        names.insert(record.name, {0, record.token});
-        ++table;
-        for (const Format::Field &field : record.fields)
-            names.insert(field.name, {table, field.token});
-    }
-    return names;
-}
 
 // The names of the fields that `choose` takes.
 template <typename Choose>
@@ -63,8 +30,8 @@ QString namesOfFields(Choose choose)
     return names.join(QLatin1Char(' '));
 }
 
-// A text that every other kind reads differently, how RecordListing lists what is read, and a text that just
-// fails to be of the kind.
+// A text that every other kind converts differently, how RecordListing shows its value, and a text that is
+// nearly of the kind.
 struct Telling
 {
     const char *text;
@@ -111,7 +78,6 @@ class CatalogFormatTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void tokenizerHasTheSameNames();
     void tellsWhatIsScrambledAndRequired();
     void findsEveryName();
     void readerTakesFieldAsTheTableSays_data();
@@ -119,18 +85,6 @@ private Q_SLOTS:
     void readerTakesEveryWord();
     void readerRefusesRecordWithoutRequiredField();
 };
-
-void CatalogFormatTest::tokenizerHasTheSameNames()
-{
-    const auto names = vocabulary();
-    QCOMPARE(names.size(), 129); // so no name comes twice
-    for (auto name = names.cbegin(); name != names.cend(); ++name) {
-        for (int table = 0; table < int(std::size(lookups)); ++table) {
-            const int expected = table == name->first ? name->second : 0;
-            QVERIFY2(lookups[table](QStringRef(&name.key())) == expected, qPrintable(name.key()));
-        }
-    }
-}
 
 void CatalogFormatTest::tellsWhatIsScrambledAndRequired()
 {

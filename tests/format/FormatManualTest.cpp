@@ -1,6 +1,5 @@
-// docs/format.md against the library: its tables, its catalog, its examples and what it says of hidden
-// fields. With ORVIDA_UPDATE=1 the tables are written into the page instead; read the diff before committing
-// it.
+// docs/format.md against the library: its tables, its catalog, its examples and what it says about hidden
+// fields. ORVIDA_UPDATE=1 rewrites the tables of the page; read the diff before you commit it.
 
 #include "catalogs/format/CatalogFormat.h"
 #include "docs/generator/FormatPage.h"
@@ -71,8 +70,8 @@ CatalogSptr loadedForm(const QString &readable)
     return loaded(scrambledForm(records.toUtf8()));
 }
 
-// The smallest catalog with the cells of `row` that are fields, each in the first of its records, where it
-// wins over an earlier one.
+// The smallest catalog with the cells of `row` that are fields, each added to the first of its records, where
+// it overrides an earlier one.
 CatalogSptr loadedWith(const QMap<QString, QString> &row)
 {
     QString catalog = smallestCatalog();
@@ -85,7 +84,7 @@ CatalogSptr loadedWith(const QMap<QString, QString> &row)
     return loadedForm(catalog);
 }
 
-// A change to the smallest catalog after which a code shows no field. The number is that of the page's list.
+// A change to the smallest catalog that hides the field of a code. The number is that in the page's list.
 struct Change
 {
     const char *name;

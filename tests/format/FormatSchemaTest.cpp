@@ -1,15 +1,19 @@
-// The schemas of both forms, as xmllint reads them, against the loader: they take and refuse the same
+// The schemas of both forms, as xmllint applies them, against the loader: they accept and refuse the same
 // records.
 
 #include "catalogs/building/CatalogLoader.h"
 #include "catalogs/format/CatalogFormat.h"
 #include "support/TestSupport.h"
+#include "tools/NewCatalog.h"
+#include "tools/TextForm.h"
 
 #include <QProcess>
 #include <QtTest>
 
 using namespace Orvida::Catalogs;
 using namespace Orvida::Tests;
+using Orvida::Tools::FormChange;
+using Orvida::Tools::newCatalog;
 
 namespace {
 
@@ -20,7 +24,7 @@ using Record = CatalogFormat::Record;
 const QString scrambledSchema = QStringLiteral(ORVIDA_SCHEMAS "/catalog.xsd");
 const QString readableSchema = QStringLiteral(ORVIDA_SCHEMAS "/catalog-readable.xsd");
 
-// The messages of xmllint on the file at `path`; empty when `schema` takes it.
+// The messages of xmllint about the file at `path`; empty when `schema` accepts it.
 QString complaints(const QString &schema, const QString &path)
 {
     QProcess lint;
@@ -30,6 +34,21 @@ QString complaints(const QString &schema, const QString &path)
     const QString messages = QString::fromUtf8(lint.readAllStandardError());
     const bool isValid = lint.exitCode() == 0 && messages.endsWith(text(" validates\n"));
     return isValid ? QString() : messages + QLatin1Char('.');
+}
+
+QByteArray contentOf(const char *path)
+{
+    QFile file(text(ORVIDA_SOURCES) + text(path));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// A piece of XML in the manual, counted from 1.
+QByteArray manualExample(int number)
+{
+    return QString::fromUtf8(contentOf("/docs/format.md"))
+        .section(text("```xml\n"), number, number)
+        .section(text("```"), 0, 0)
+        .toUtf8();
 }
 
 bool loads(const QString &records)
@@ -47,7 +66,7 @@ QString element(const QString &name, const QString &content)
     return QStringLiteral("<%1>%2</%1>\n").arg(name, content);
 }
 
-// Whether `schema` takes a file with these records.
+// Whether `schema` accepts a file with these records.
 bool takes(const QString &schema, const QString &records)
 {
     const CatalogFolder folder;
@@ -93,7 +112,8 @@ class FormatSchemaTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void takesTheSamples();
+    void takesGoodCatalogs_data();
+    void takesGoodCatalogs();
     void takesTheRecordsThatTheLoaderTakes_data();
     void takesTheRecordsThatTheLoaderTakes();
     void takesWhatAFieldMayHold_data();
@@ -103,11 +123,22 @@ private Q_SLOTS:
     void isNamedInTheRoot();
 };
 
-void FormatSchemaTest::takesTheSamples()
+void FormatSchemaTest::takesGoodCatalogs_data()
 {
-    const QString clear = text(ORVIDA_SOURCES "/samples/tunnels.xml");
+    QTest::addColumn<QByteArray>("readable");
+    QTest::newRow("sample") << contentOf("/samples/tunnels.xml");
+    QTest::newRow("manual") << manualExample(1);
+    QTest::newRow("new") << newCatalog(text("K"), text("en"), {text("A"), text("B")});
+}
+
+void FormatSchemaTest::takesGoodCatalogs()
+{
+    QFETCH(QByteArray, readable);
+    const CatalogFolder folder;
+    const QString clear = folder.write(text("readable.xml"), readable);
+    const QString scrambled = folder.write(text("scrambled.xml"), FormChange(readable).scrambled());
     QCOMPARE(complaints(readableSchema, clear), QString());
-    QCOMPARE(complaints(scrambledSchema, text(ORVIDA_SAMPLES "/tunnels.xml")), QString());
+    QCOMPARE(complaints(scrambledSchema, scrambled), QString());
     QVERIFY(complaints(scrambledSchema, clear).contains(text("COL_Column_ID")));
 }
 
@@ -179,17 +210,16 @@ void FormatSchemaTest::takesWhatAFieldMayHold()
     QFETCH(QString, refused);
     const Field &field = *CatalogFormat::field(name);
     const Record &record = *CatalogFormat::recordOf(field);
-    const auto isTaken = [&field, &record](const QString &text) {
-        // Scrambled but for the text in question.
-        const QString mark = QStringLiteral("<!-- here -->");
-        QString records = readable(record, true, &field, mark);
-        records = scrambledRecords(records).replace(mark, text);
-        return takes(scrambledSchema, records) && loads(records);
-    };
-    for (const QString &text : taken.split(QLatin1Char('|')))
-        QVERIFY2(isTaken(text), qPrintable(text));
+    // Scrambled, except for the text in question.
+    const QString mark = QStringLiteral("<!-- here -->");
+    const QString pattern = scrambledRecords(readable(record, true, &field, mark));
+    const auto recordsWith = [&](const QString &text) { return QString(pattern).replace(mark, text); };
+    for (const QString &text : taken.split(QLatin1Char('|'))) {
+        QVERIFY2(takes(scrambledSchema, recordsWith(text)), qPrintable(text));
+        QVERIFY2(loads(recordsWith(text)), qPrintable(text));
+    }
     for (const QString &text : refused.split(QLatin1Char('|')))
-        QVERIFY2(!isTaken(text), qPrintable(text));
+        QVERIFY2(!takes(scrambledSchema, recordsWith(text)), qPrintable(text));
 }
 
 void FormatSchemaTest::refusesWhatALoadPassesOver_data()
@@ -221,12 +251,7 @@ void FormatSchemaTest::refusesWhatALoadPassesOver()
 void FormatSchemaTest::isNamedInTheRoot()
 {
     // The second catalog of the manual is the start of a file that names its schema.
-    QFile manual(text(ORVIDA_SOURCES "/docs/format.md"));
-    QVERIFY(manual.open(QIODevice::ReadOnly));
-    const QByteArray start = QString::fromUtf8(manual.readAll())
-                                 .section(text("```xml\n"), 2, 2)
-                                 .section(text("```"), 0, 0)
-                                 .toUtf8();
+    const QByteArray start = manualExample(2);
     QVERIFY(start.contains("catalog-readable.xsd"));
     const QByteArray file = start + "<CATPRO><PRO_PK>P</PRO_PK></CATPRO></OVCAT>";
     const CatalogFolder folder;

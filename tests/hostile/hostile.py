@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Loads and checks files made to hurt a reader, each in a process with little stack and limits of memory and time.
+"""Loads and checks hostile files, each in a process with a small stack and limits of memory and time.
 
   hostile.py PROGRAM [--large] [--sanitized] [WORD]
 
-PROGRAM is hostile-load. Prints a table in Markdown and fails when a file is not read as it should be. --large
-takes files to measure with, --sanitized gives the stack and the memory that sanitizers need; WORD chooses the
-files that have it in their names.
+PROGRAM is hostile-load. Prints a table in Markdown; fails if a file is not read as expected. --large uses files
+for measuring, --sanitized allows the stack and memory that sanitizers need, WORD selects the files with it in
+their names.
 """
 import os
 import resource
@@ -155,7 +155,7 @@ def link_to_itself(folder):
 
 
 def pipe(folder, name, content):
-    """A named pipe with somebody who writes the content once, one letter at a time."""
+    """A named pipe with a process that writes the content once, one letter at a time."""
     path = os.path.join(folder, name)
     os.mkfifo(path)
 
@@ -197,7 +197,7 @@ def run(program, path, task, limits):
         for kind, value in limits.items():
             resource.setrlimit(kind, (value, value))
 
-    # No messages: many of the files hold values that are told of.
+    # Without messages, as many of the files hold values that are logged.
     process = subprocess.Popen([program, path, str(task)], stdout=subprocess.DEVNULL, stderr=subprocess.PIPE,
                                preexec_fn=limit, env=dict(os.environ, QT_LOGGING_RULES='*=false'))
     printed = process.stderr.read().decode(errors='replace')
@@ -217,7 +217,7 @@ def main():
     limits = {resource.RLIMIT_STACK: MEGABYTE if is_large else MEGABYTE // 4,
               resource.RLIMIT_AS: 8192 * MEGABYTE if is_large else 1024 * MEGABYTE,
               resource.RLIMIT_CPU: 600 if is_large else 60, resource.RLIMIT_CORE: 0}
-    if '--sanitized' in options:  # larger frames, and more addresses than there is memory
+    if '--sanitized' in options:  # larger frames, and more address space than there is memory
         limits.update({resource.RLIMIT_STACK: MEGABYTE, resource.RLIMIT_AS: resource.RLIM_INFINITY,
                        resource.RLIMIT_CPU: 300})
     print('| case | file | time | peak | result |\n|---|---|---|---|---|')

@@ -1,6 +1,6 @@
-// hostile-load FILE PROFILES: loads a catalog file, walks over everything that a host can reach under the
-// profiles P0, P1 and so on, and drops it. hostile-load FILE style: asks for its style. hostile-load FILE
-// check: checks it. What came of it is printed to standard error.
+// hostile-load FILE PROFILES: loads a catalog file, visits everything that a host can reach under the
+// profiles P0, P1 and so on, and destroys it. hostile-load FILE style: asks for its style. hostile-load FILE
+// check: checks it. Prints the result to standard error.
 #include "catalogs/building/CatalogLoader.h"
 #include "catalogs/reading/CatalogXMLParser.h"
 #include "checking/CatalogChecker.h"

@@ -1,5 +1,5 @@
-// Loads catalog.xml on one thread and reads its fields on another, through the recording host's layer, and
-// compares the calls with those in calls.txt. With ORVIDA_UPDATE=1 it writes calls.txt instead.
+// Loads catalog.xml on one thread and reads its fields on another, with the recording host layer, and
+// compares the calls with those in calls.txt. ORVIDA_UPDATE=1 rewrites calls.txt.
 #include "catalogs/building/CatalogLoader.h"
 #include "shared/RecordingHost.h"
 

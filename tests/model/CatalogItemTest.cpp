@@ -1,5 +1,5 @@
-// Catalog items as hosts fill and keep them: what is added late, whose fields are whose, and what is left
-// when items or catalogs are destroyed. What files make of items is in catalogs/.
+// Catalog items as hosts fill and keep them: late additions, fields per profile, and what remains when items
+// or catalogs are destroyed. Items that come from files are tested in catalogs/.
 
 #include "catalogs/model/Catalog.h"
 
@@ -23,7 +23,7 @@ ItemPtr makeItem(const QString &id, int sortOrder, const QString &parentId = QSt
     return item;
 }
 
-// Adds a child and a field for each name, such as "7A", which begins with its sort order.
+// Adds a child and a field for each name, such as "7A", whose first digit is the sort order.
 void addChildrenAndFields(CatalogItem &item, const char *profile, const char *names)
 {
     for (const QString &name : text(names).split(QLatin1Char(' '))) {
@@ -32,7 +32,7 @@ void addChildrenAndFields(CatalogItem &item, const char *profile, const char *na
         field.setCaption(name);
         field.setSortOrder(name.left(1).toInt());
         item.addField(text(profile), field);
-        field.setCaption(QString()); // what was added is a copy
+        field.setCaption(QString()); // the item has a copy
     }
 }
 
@@ -59,14 +59,14 @@ class CatalogItemTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void ordersOnceAndKeepsWhatComesLateAtTheEnd();
+    void ordersOnceAndAppendsLaterOnes();
     void listsEveryChildThatWasAdded();
     void keepsFieldsOfProfilesApart();
     void hasNoFieldsWithoutACatalog();
     void outlivesItsCatalogWithATreeOfAnyDepth();
 };
 
-void CatalogItemTest::ordersOnceAndKeepsWhatComesLateAtTheEnd()
+void CatalogItemTest::ordersOnceAndAppendsLaterOnes()
 {
     Catalog catalog(text("catalog"));
     CatalogItem empty, equal, item;
@@ -107,7 +107,7 @@ void CatalogItemTest::keepsFieldsOfProfilesApart()
     catalog.setProfile(text("P"));
     QCOMPARE(fieldsOf(item), text("1A 2B"));
     addChildrenAndFields(item, "P", "0C");
-    addChildrenAndFields(item, "p", "0Z"); // not late, as nobody has asked for this profile yet
+    addChildrenAndFields(item, "p", "0Z"); // not late: this profile has not been asked for yet
     QCOMPARE(fieldsOf(item), text("1A 2B 0C"));
     item.getFields().first().setCaption(text("changed"));
     catalog.setProfile(text("p"));
@@ -116,7 +116,7 @@ void CatalogItemTest::keepsFieldsOfProfilesApart()
     QCOMPARE(fieldsOf(item), text("changed 2B 0C"));
 }
 
-// What is written into its list has no effect, neither on what it gives next nor once it has a catalog.
+// Writing into its list has no effect, neither on the next call nor once the item has a catalog.
 void CatalogItemTest::hasNoFieldsWithoutACatalog()
 {
     Catalog catalog(text("catalog"));
@@ -133,7 +133,7 @@ void CatalogItemTest::hasNoFieldsWithoutACatalog()
     QVERIFY(item.getFields().isEmpty());
 }
 
-// A comb: each item is the parent of the next one and of another one. One stack frame for each level would
+// A comb: each item is the parent of the next one and of another one. One stack frame per level would
 // overflow any usual stack.
 void CatalogItemTest::outlivesItsCatalogWithATreeOfAnyDepth()
 {

@@ -1,5 +1,5 @@
-// The catalog's look-ups, and what linking does that depends on the order of a hash, or happens once more.
-// How files become trees is in catalogs/.
+// The catalog's look-ups, and linking where it depends on hash order or is repeated. How files become trees
+// is tested in catalogs/.
 
 #include "catalogs/model/Catalog.h"
 
@@ -36,14 +36,15 @@ class CatalogTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void beginsEmptyAndAddsAPlaceForAnUnknownKey();
+    void startsEmptyAndInsertsUnknownKeys();
     void choosesWhoAnswersForACode_data();
     void choosesWhoAnswersForACode();
-    void opensLoopsInOnePlaceWhenItGoes();
-    void passesOverEmptyPointers();
+    void cutsLoopsInOnePlaceWhenDestroyed();
+    void skipsEmptyPointers();
+    void findsWithoutInserting();
 };
 
-void CatalogTest::beginsEmptyAndAddsAPlaceForAnUnknownKey()
+void CatalogTest::startsEmptyAndInsertsUnknownKeys()
 {
     Catalog catalog(text("catalog"));
     QVERIFY(catalog.status() == Catalog::NotLoaded && !catalog.IsValid() && catalog.profile().isNull());
@@ -68,8 +69,8 @@ void CatalogTest::choosesWhoAnswersForACode_data()
     QTest::newRow("unrelated") << "C: A#:C:AB B#:C:AB" << true;
 }
 
-// The order in which items are linked follows from their keys, so enough keys show both orders, whatever
-// the hash seed is.
+// The order in which items are linked depends on their keys, so with enough keys both orders occur for any
+// hash seed.
 void CatalogTest::choosesWhoAnswersForACode()
 {
     QFETCH(QString, items);
@@ -89,8 +90,8 @@ void CatalogTest::choosesWhoAnswersForACode()
     QVERIFY2(ahead > 0 && ahead < 100, qPrintable(QString::number(ahead)));
 }
 
-// Linked twice, all children are there twice, and a loop that the parent ids no longer have is still there.
-void CatalogTest::opensLoopsInOnePlaceWhenItGoes()
+// Linking twice lists all children twice, and a loop remains after the parent ids no longer form it.
+void CatalogTest::cutsLoopsInOnePlaceWhenDestroyed()
 {
     constexpr int loops = 3;
     CatalogSptr catalog = makeCatalog(text("a:b b:c c:a t:b u:t v:t w:a C: D:C x:y y:x z:z"));
@@ -106,22 +107,38 @@ void CatalogTest::opensLoopsInOnePlaceWhenItGoes()
         QVERIFY(!item->catalog());
         children += item->getChildItems().size();
     }
-    // The child that closes a loop was removed from its parent, however often it was there; z is a child of
-    // the root, too.
+    // The child that closes a loop was removed from its parent, however often it was listed; z is also a
+    // child of the root.
     QCOMPARE(children, 3 * (kept.size() - 1 - loops) + 1);
     kept.clear();
     for (const auto &item : weak)
         QVERIFY(!item);
 }
 
-// A look-up before the linking adds one. Its child is an orphan like any other.
-void CatalogTest::passesOverEmptyPointers()
+// A look-up before linking adds one. Its child is an orphan like any other.
+void CatalogTest::skipsEmptyPointers()
 {
     const CatalogSptr catalog = makeCatalog(text("C:"));
     QVERIFY(!catalog->getItemById(text("empty")));
     catalog->setStatus(Catalog::Loaded);
     QVERIFY(!catalog->getItemById(text("empty")));
     QCOMPARE(catalog->getItemById(text(""))->getChildItems().size(), 1);
+}
+
+// A pointer that an earlier look-up has added is no item.
+void CatalogTest::findsWithoutInserting()
+{
+    const CatalogSptr catalog = makeCatalog(text("C: A:C:b B:C:a a:A:b"));
+    catalog->setStatus(Catalog::Loaded);
+    QVERIFY(!catalog->getItem(text("added")) && !catalog->getItemById(text("added")));
+    const int items = catalog->getCatalogItems().size();
+    const Catalog &found = *catalog;
+    QCOMPARE(found.findItemById(text("A"))->id(), text("A"));
+    QCOMPARE(found.findItem(text("b"))->id(), text("a"));
+    QCOMPARE(found.findItemById(QString()), catalog->getItem(QString()));
+    QVERIFY(!found.findItemById(text("other")) && !found.findItem(text("B")));
+    QCOMPARE(found.codes(), QStringList({text("a"), text("b")}));
+    QCOMPARE(catalog->getCatalogItems().size(), items);
 }
 
 QTEST_GUILESS_MAIN(CatalogTest)

@@ -1,5 +1,5 @@
-// The ordering by sort order, compared with the algorithm whose ties it keeps. How it does with sort orders
-// that were chosen to hurt it is in hostile/.
+// The ordering by sort order, compared with the algorithm whose ties it keeps. Sort orders chosen against it
+// are tested in hostile/.
 
 #define QT_NO_DEPRECATED_WARNINGS // for qSort
 
@@ -21,8 +21,8 @@ private Q_SLOTS:
     void ordersAsQt();
 };
 
-// The elements are the first places of sort orders. Ordered element by element, and by the search that long
-// lists in a bad order get.
+// The elements are indices of sort orders. Ordered element by element, and by the search that serves long
+// lists in a bad order.
 void SortOrderingTest::ordersAsQt()
 {
     std::mt19937 random(20240229); // no distribution: those differ between standard libraries

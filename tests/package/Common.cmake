@@ -1,6 +1,6 @@
 # Helpers of the package tests.
 
-# Runs a command and stops the test with its output when it fails; gives its standard output in `output`.
+# Runs a command; sets `output` to its standard output. If it fails, prints all output and ends the test.
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE err)
   if(NOT result EQUAL 0)
@@ -10,7 +10,7 @@ function(run)
   set(output "${out}" PARENT_SCOPE)
 endfunction()
 
-# Gives what `text` has other than the file `expected` in `difference`: empty when they are equal.
+# Sets `difference` to how `text` differs from the file `expected`; empty if they are equal.
 function(difference expected text)
   get_filename_component(name ${expected} NAME)
   file(WRITE ${SCRATCH_DIR}/found/${name} "${text}")
@@ -19,7 +19,7 @@ function(difference expected text)
   set(difference "${out}" PARENT_SCOPE)
 endfunction()
 
-# What the tiny host prints for the sample catalog.
+# Checks what the tiny host prints for the sample catalog.
 function(check_tiny_host_output text)
   if(NOT text MATCHES "^Revêtement: 12 codes\nJoints: [0-9]+ codes\n")
     message(FATAL_ERROR "the tiny host printed:\n${text}")

@@ -1,13 +1,12 @@
-# Each library exports what is listed in its *.symbols file beside this one, and nothing else: what hosts
-# link against, under the soname that they were linked with. A line that goes or changes breaks hosts.
-# With ORVIDA_UPDATE=1 in the environment the test writes the lists instead.
+# Each library exports exactly what its *.symbols file lists: its soname, and the symbols that hosts link
+# against. A line that disappears or changes breaks hosts. ORVIDA_UPDATE=1 rewrites the lists.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
 
-# Weak symbols are inline functions that the compiler did not inline, which differs from build to build. Ours
-# are hidden, so only those of Qt and the standard library are left out of the list.
+# Weak symbols are inline functions that were not inlined, which differs from build to build. Ours are hidden,
+# so only those of Qt and the standard library are left out.
 set(ours "(Orvida::|CCatalogTokenizer|ICatalogFileNameProvider)")
 
-# Gives the list of a library in `listing`.
+# Sets `listing` to the soname and symbols of a library.
 function(list_exports library)
   run(${READELF} --dynamic ${library})
   string(REGEX MATCH "soname: \\[[^]]+\\]" listing "${output}")
@@ -37,7 +36,7 @@ foreach(library IN LISTS LIBRARIES)
   endif()
   difference(${CMAKE_CURRENT_LIST_DIR}/${name} "${listing}")
   if(difference)
-    message(SEND_ERROR "${name} lists other symbols than ${library} exports. If that is meant, see the "
-      "versions in CONTRIBUTING.md, and rewrite the list: ORVIDA_UPDATE=1 ctest -R ExportedSymbols\n${difference}")
+    message(SEND_ERROR "${library} exports other symbols than ${name} lists. If that is intended, see Versions in "
+      "CONTRIBUTING.md and rewrite the list: ORVIDA_UPDATE=1 ctest -R ExportedSymbols\n${difference}")
   endif()
 endforeach()

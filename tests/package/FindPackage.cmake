@@ -1,4 +1,5 @@
-# Hosts find the installed package with find_package, build and run; what they may ask for is answered.
+# A host finds the installed package with find_package, builds and runs; its requests for versions and
+# components are answered.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
 check_tiny_host_with_cmake(installed ${PREFIX} ${SAMPLES})
 build_host(checkinghost ${PREFIX} ${SCRATCH_DIR}/checkinghost)

@@ -1,9 +1,9 @@
-# What the host guide declares of a host's own layer is complete and needed: the library builds against
-# exactly these headers, runs, and calls each function that they declare.
+# The host guide declares exactly what a host's own layer needs: the library builds against these headers,
+# runs, and calls every function that they declare.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
 set(host ${BUILD_DIR}/guide-host)
 
-# The guide's blocks of code begin with the name of their header. Semicolons would split them as lists.
+# The guide's code blocks start with the name of their header. Semicolons would split the text as a list.
 file(READ ${SOURCE_DIR}/docs/host-guide.md guide)
 string(REPLACE ";" "<semicolon>" guide "${guide}")
 string(REGEX MATCHALL "```cpp\n// shared/[A-Za-z]+\\.h\n[^`]*```" blocks "${guide}")
@@ -24,7 +24,7 @@ run(${CMAKE_COMMAND} --build ${host})
 run(${host}/guidehost ${BUILD_DIR}/samples/)
 check_tiny_host_output("${output}")
 
-# Gives the functions of the layer that nm shows of a library in `functions`.
+# Sets `functions` to the functions of the layer that nm lists for a library.
 function(list_functions option library)
   run(${NM} --dynamic --demangle ${option} ${library})
   string(REGEX MATCHALL " [TUW] [^\n]*Orvida::(Shared|Logging)::[^\n]*" functions "${output}")

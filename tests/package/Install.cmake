@@ -1,9 +1,9 @@
-# Installs into a scratch prefix: the headers, each of them and no private one.
+# Installs into a scratch prefix: all public headers and no private one, the tool, samples and schemas.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
 file(REMOVE_RECURSE ${PREFIX})
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${PREFIX})
 
-foreach(folder catalogs checking shared)
+foreach(folder catalogs checking models shared)
   file(GLOB_RECURSE expected RELATIVE ${SOURCE_DIR} ${SOURCE_DIR}/${folder}/*.h)
   list(FILTER expected EXCLUDE REGEX "_p\\.h$")
   file(GLOB_RECURSE installed RELATIVE ${PREFIX}/${INCLUDEDIR}/orvida

@@ -1,4 +1,4 @@
-# What a user asks for when configuring this project alone: no tests without BUILD_TESTING, no static build.
+# Options of this project configured alone: no tests without BUILD_TESTING, no static build.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
 set(configure ${CMAKE_COMMAND} --fresh -S ${SOURCE_DIR} -B ${SCRATCH_DIR}/options -G ${GENERATOR}
   -DCMAKE_CXX_COMPILER=${CXX})

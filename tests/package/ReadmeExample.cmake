@@ -1,5 +1,5 @@
-# What the README shows is true: its host is the tiny host of the package tests, and its form of a code is
-# what the tool prints, to the letter. So is what it and the page on checking show of a check.
+# The README's host is the tiny host of the package tests, and its form of a code is exactly what the tool
+# prints, as is what it and the page on checking show of a check.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
 file(READ ${SOURCE_DIR}/README.md readme)
 file(READ ${SOURCE_DIR}/tests/package/host/main.cpp host)
@@ -20,6 +20,6 @@ endif()
 foreach(block "```cpp\n${host}```" "${show}" "${check}")
   string(FIND "${readme}" "${block}" position)
   if(position EQUAL -1)
-    message(SEND_ERROR "README.md does not show this as it is:\n${block}")
+    message(SEND_ERROR "README.md does not contain this:\n${block}")
   endif()
 endforeach()

@@ -1,5 +1,5 @@
-# A host that builds us in, its automatic moc included, runs. What it installs, into absolute folders here,
-# serves another host through CMake and pkg-config.
+# A host that builds the library as part of its project, with automatic moc on, runs. What it installs, here
+# into absolute folders, serves another host with CMake and pkg-config.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
 set(host ${BUILD_DIR}/subdirectory-host)
 set(installed ${SCRATCH_DIR}/absolute)
@@ -14,7 +14,7 @@ check_tiny_host_output("${output}")
 run(${CMAKE_COMMAND} --install ${host})
 file(GLOB_RECURSE relative ${installed}/prefix/*)
 if(relative)
-  message(FATAL_ERROR "installed below the prefix, in spite of absolute folders: ${relative}")
+  message(FATAL_ERROR "installed below the prefix despite absolute folders: ${relative}")
 endif()
 check_tiny_host_with_cmake(subdirectory ${installed}/libraries/cmake ${BUILD_DIR}/samples/)
 check_tiny_host_with_pkg_config(subdirectory ${installed}/libraries ${BUILD_DIR}/samples/)

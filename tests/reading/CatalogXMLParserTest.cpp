@@ -1,5 +1,5 @@
-// Reading of catalog files that cannot be read: no file, refused records, broken XML, files that break off,
-// media that fail; what is said of it. What is read of good files is in catalogs/.
+// Files that cannot be read, and the reported reason: no file, refused records, broken XML, truncated files,
+// failing media. Good files are tested in catalogs/.
 
 #include "catalogs/reading/CatalogXMLParser.h"
 
@@ -15,12 +15,12 @@
 
 using namespace Orvida::Tests;
 
-// How many more bytes read() gives before something happens to the medium; negative when nothing will.
+// How many more bytes read() gives before something happens to the medium; negative if nothing will.
 static std::atomic<qint64> readableBytes{-1};
-// What happens then: EIO for good, EINTR once, or no error, but the file loses what was not read yet.
+// What happens then: EIO from then on, EINTR once, or 0: the file is truncated.
 static std::atomic<int> mishap{EIO};
 
-// Replaces the C library's own, for Qt as well: no file system breaks when a test wants it to.
+// Replaces that of the C library, for Qt as well: no file system fails on demand.
 extern "C" ssize_t read(int file, void *buffer, size_t size)
 {
     if (readableBytes == 0) {
@@ -54,7 +54,7 @@ QByteArray everything()
            "<!-- x --><?x y?><PARAM><PARAM_PK>&e;&#65;<![CDATA[<]]></PARAM_PK></PARAM><other/></OVCAT>";
 }
 
-// The same without what only one of the XML readers takes.
+// The same without what only one of the two XML readers accepts.
 QByteArray everythingPlain()
 {
     return everything()
@@ -93,7 +93,7 @@ void CatalogXMLParserTest::refusesWhatIsNoFile()
         QVERIFY(!parser.failure().detail.isEmpty());
         QCOMPARE(parser.readCatalogStyleFlag(name), Q_INT64_C(0));
     }
-    // What is said of the last name is not left over from the one before it.
+    // The reason for the last name is not that of an earlier one.
     QCOMPARE(parser.failure().detail, text("No such file or directory"));
     QCOMPARE(log.messages(), QStringList());
     QVERIFY(parser.readFile(path, items));
@@ -107,7 +107,7 @@ void CatalogXMLParserTest::tellsWhatFailedAndWhere_data()
     const auto row = [](const char *name, const QByteArray &content, const char *summary) {
         QTest::newRow(name) << content << summary;
     };
-    // A refused record is reported right after its start tag.
+    // The position of a refused record is directly after its start tag.
     row("record without root", "<CATPRO/>", "refused at 1:10: CATPRO without PRO_PK");
     row("record of several lines", "<OVCAT>\n  <LIST>\n\n</LIST></OVCAT>",
         "refused at 2:9: LIST without LIST_Class_FK");
@@ -150,24 +150,26 @@ void CatalogXMLParserTest::refusesFileCutAtAnyByteButKeepsItsRecords()
 void CatalogXMLParserTest::readsOnOrFailsWhenTheMediumDoes_data()
 {
     QTest::addColumn<int>("error");
-    QTest::addColumn<bool>("isSecondPass");
+    QTest::addColumn<int>("passesBefore");
     QTest::addColumn<int>("reason");
-    const auto row = [](const char *name, int error, bool isSecondPass, CatalogReadFailure::Reason reason) {
-        QTest::newRow(name) << error << isSecondPass << int(reason);
+    const auto row = [](const char *name, int error, int passesBefore, CatalogReadFailure::Reason reason) {
+        QTest::newRow(name) << error << passesBefore << int(reason);
     };
-    row("medium breaks", EIO, false, CatalogReadFailure::FileNotRead);
-    row("medium breaks in the second pass", EIO, true, CatalogReadFailure::FileNotRead);
-    row("file is cut off meanwhile", 0, false, CatalogReadFailure::NotWellFormed);
-    row("file is cut off between the passes", 0, true, CatalogReadFailure::FileNotRead);
-    row("signal interrupts", EINTR, false, CatalogReadFailure::None);
-    row("signal interrupts the second pass", EINTR, true, CatalogReadFailure::None);
+    row("medium breaks", EIO, 0, CatalogReadFailure::FileNotRead);
+    row("medium breaks in the scan", EIO, 1, CatalogReadFailure::FileNotRead);
+    row("medium breaks while records are read", EIO, 2, CatalogReadFailure::FileNotRead);
+    row("file is truncated", 0, 0, CatalogReadFailure::NotWellFormed);
+    row("file is truncated in the scan", 0, 1, CatalogReadFailure::NotWellFormed);
+    row("file is truncated while records are read", 0, 2, CatalogReadFailure::FileNotRead);
+    row("signal interrupts", EINTR, 0, CatalogReadFailure::None);
+    row("signal interrupts while records are read", EINTR, 2, CatalogReadFailure::None);
 }
 
-// In the middle of text between records, of a record, and of what is skipped. The style is read in one pass.
+// In the middle of text between records, of a record, and of skipped elements. The style takes one pass.
 void CatalogXMLParserTest::readsOnOrFailsWhenTheMediumDoes()
 {
     QFETCH(int, error);
-    QFETCH(bool, isSecondPass);
+    QFETCH(int, passesBefore);
     const QByteArray longText(60000, '0');
     for (const QByteArray &failing :
          {longText, "<CLASS><CLASS_PK>" + longText + "</CLASS_PK></CLASS>", "<X>" + longText + "</X>",
@@ -179,18 +181,18 @@ void CatalogXMLParserTest::readsOnOrFailsWhenTheMediumDoes()
         const auto writeAndBreak = [&] {
             const QString path = folder.write(text("catalog.xml"), content);
             mishap = error;
-            readableBytes = (isSecondPass ? content.size() : 0) + 20000;
+            readableBytes = passesBefore * content.size() + 20000;
             return path;
         };
         const qint64 style = parser.readCatalogStyleFlag(writeAndBreak());
-        QCOMPARE(style, isSecondPass || error == EINTR ? Q_INT64_C(7) : Q_INT64_C(0));
+        QCOMPARE(style, passesBefore > 0 || error == EINTR ? Q_INT64_C(7) : Q_INT64_C(0));
         const bool isRead = parser.readFile(writeAndBreak(), items);
         readableBytes = -1;
         QTEST(int(parser.failure().reason), "reason");
         QCOMPARE(isRead, parser.failure().reason == CatalogReadFailure::None);
         QCOMPARE(parser.failure().detail.isEmpty(), isRead);
         QVERIFY(parser.readFile(folder.write(text("catalog.xml"), content),
-                                items)); // the medium was all that was wrong
+                                items)); // nothing else was wrong
     }
 }
 

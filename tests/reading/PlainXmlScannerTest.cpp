@@ -1,4 +1,4 @@
-// Which documents the scanner finds plain, and that QXmlStreamReader reads all of these alike.
+// Which documents the scanner finds plain, and that QXmlStreamReader reads the same from them.
 
 #include "benchmarks/CatalogGenerator.h"
 #include "support/ScannerComparison.h"
@@ -14,13 +14,13 @@ using Orvida::Tests::compareWithQt;
 
 namespace {
 
-// All that is plain, in few bytes.
+// Everything that plain documents may contain, in few bytes.
 const QByteArray smallDocument =
     "\xEF\xBB\xBF<?xml version='1.0' encoding=\"Utf-8\"?>\r\n"
     "<!-- \xC3\xA9\r\n - -->\n<OVCAT a=\"/>\"\tb=''>"
     "<A_1.-x>x]] &lt;&#65;</A_1.-x><B/>\xF0\x9F\x9A\x87\r\n</OVCAT >\n<!---->\r\n";
 
-// What is wrong with the scanner on this document, in blocks of any size; empty when nothing is.
+// What the scanner gets wrong in this document, for several block sizes; empty if nothing.
 QByteArray faultOf(const QByteArray &document, bool isPlain)
 {
     for (const int blockSize : {1, 2, 3, 5, 16, 61, 1000, 64 * 1024}) {
@@ -46,7 +46,7 @@ QByteArray withManyNames(int count)
     QByteArray elements;
     for (int i = 1; i < count; ++i)
         elements += "<n" + QByteArray::number(i) + "/>";
-    // The first ones again, which the scanner knows by then.
+    // The first ones again, now known to the scanner.
     return "<n>" + elements + "<n1/><n2/></n>";
 }
 
@@ -208,7 +208,7 @@ void PlainXmlScannerTest::findsNotPlain_data()
     row("no-break space in a tag", "<a\xC2\xA0/>");
     row("no root", "<!--a-->");
     row("end tag of another name", "<a></b>");
-    row("end tag that goes on", "<a></aa>");
+    row("end tag that is too long", "<a></aa>");
     row("end tag that is too short", "<aa></a>");
     row("tags that overlap", "<a><b></a></b>");
     row("open root", "<a><b></b>");
@@ -270,11 +270,11 @@ void PlainXmlScannerTest::readsChangedDocumentsAsQt()
             plain += comparison.isPlain;
         }
     }
-    // Changes of text, comments and values leave it plain.
+    // Changes of text, comments and values keep it plain.
     QVERIFY2(plain > 1500, QByteArray::number(plain));
 }
 
-// Qt decodes blocks of 8 KB, each as a whole; what lies across their borders must not be seen.
+// Qt decodes blocks of 8 KB; their boundaries must not matter.
 void PlainXmlScannerTest::readsAsQtAroundTheBlocksOfQt()
 {
     const QByteArray pieces =

@@ -1,4 +1,4 @@
-// What is read of a catalog file, as lines of text: a label and the properties of one record each.
+// What is read from a catalog file, as lines of text: a label and the properties of one record each.
 #pragma once
 
 #include "catalogs/model/CatalogInputField.h"
@@ -15,7 +15,7 @@ using namespace Orvida::Catalogs;
 
 using ItemPtr = QSharedPointer<CatalogItem>;
 
-/// In quotation marks, with what is not seen as \u0000.
+/// In quotation marks, with invisible characters as \u0000.
 inline QString quoted(const QString &value)
 {
     QString result;
@@ -41,7 +41,7 @@ inline QString listed(const char *expressions, const QVariantList &values)
     return line;
 }
 
-// Defines what is listed of a record `r`. A plus makes a number of flags.
+// Defines what is listed of a record `r`. A plus turns flags into a number.
 #define ORVIDA_LISTED(Record, ...)                                                                           \
     inline QString propertiesOf(const Record &r)                                                             \
     {                                                                                                        \
@@ -71,7 +71,7 @@ ORVIDA_LISTED(CatalogInputField, r.caption(), r.boundColumn(), r.defaultValue(),
               r.dataType(), +r.typeFlags(), r.isMandatory(), r.isReadonly(), r.isVisible())
 ORVIDA_LISTED(Shared::ListItem, r.value(), r.caption(), r.itemText())
 
-/// A table by its keys in order.
+/// A table sorted by its keys.
 template <typename Value>
 QMap<QString, Value> sorted(const QHash<QString, Value> &table)
 {
@@ -116,7 +116,7 @@ inline QStringList linesOf(const CatalogXMLParser &parser)
            + linesOf(text("parameter extension"), parser.m_parameterExtensions);
 }
 
-/// A catalog file that was read, with all that came of it.
+/// A catalog file that was read, with everything that was read from it.
 class Reading
 {
 public:

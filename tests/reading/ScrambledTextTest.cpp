@@ -1,4 +1,4 @@
-// Decoding and encoding of scrambled text. How it reads in a file is in catalogs/scrambled.xml.
+// Decoding and encoding of scrambled text. Scrambled text in files is tested by catalogs/scrambled.xml.
 
 #include "catalogs/reading/ScrambledText.h"
 
@@ -28,8 +28,8 @@ void ScrambledTextTest::decodesWhatItEncodes()
     QCOMPARE(ScrambledText::encode(QStringLiteral("AAAAAA")), QStringLiteral("050A14288205"));
 }
 
-// The fast path for plain digits must not be seen: whatever the two characters are, the byte is the one that
-// Qt's conversion gives.
+// The fast path for plain digits must make no difference: any two characters give the byte that Qt's
+// conversion gives.
 void ScrambledTextTest::decodesAnyPairAsTheLongWay()
 {
     for (int first = 0; first < 0x180; ++first) {

@@ -1,4 +1,4 @@
-// Loads for which memory runs out somewhere on the way, whoever asks for it, and the end of catalogs without
+// Loads during which memory runs out, in our code or below it, and the destruction of catalogs without
 // memory.
 
 #include "catalogs/access/CatalogManager.h"
@@ -18,7 +18,7 @@
 using namespace Orvida::Catalogs;
 using namespace Orvida::Tests;
 
-// The functions below replace those of the C library, or of a sanitizer, in the whole process.
+// The functions below replace those of the C library, or of a sanitizer, for the whole process.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define ORIGINAL(function) __interceptor_##function
 #else
@@ -34,8 +34,8 @@ void ORIGINAL(free)(void *);
 
 namespace {
 
-// While it lives, the calling thread gets no memory at its allocation number `first`, which counts from 1,
-// and also not at later ones when `forGood` is set. One at a time.
+// While it exists, allocation number `first` of the calling thread, counted from 1, fails; if `forGood` is
+// set, so do all later ones. One at a time.
 struct FailingMemory
 {
     FailingMemory(int first, bool forGood)
@@ -99,8 +99,8 @@ void free(void *block)
     ORIGINAL(free)(block);
 }
 
-// The leak checker knows what the dynamic linker takes by its caller, which is now a function above. What Qt
-// loses is counted below.
+// The leak checker recognises allocations of the dynamic linker by their caller, which is now a function
+// above. Qt's leaks are counted below.
 const char *__lsan_default_suppressions();
 const char *__lsan_default_suppressions()
 {
@@ -108,7 +108,7 @@ const char *__lsan_default_suppressions()
 }
 }
 
-// The sanitizers' own would not ask the functions above.
+// Those of the sanitizers would not call the functions above.
 void *operator new(size_t size)
 {
     void *block = malloc(size);
@@ -127,8 +127,8 @@ void operator delete(void *block, size_t) noexcept
 
 namespace {
 
-// Runs `task` again and again, each time with memory running out one allocation later, until it does not run
-// out any more; `check` gets whether bad_alloc came through. Gives the number of blocks that were lost.
+// Repeats `task`, each time with the failure one allocation later, until none fails any more. Tells `check`
+// whether bad_alloc was thrown. Gives the number of blocks that leaked.
 template <typename Task, typename Check>
 int lostWhileMemoryRunsOut(bool forGood, Task task, Check check)
 {
@@ -149,7 +149,7 @@ int lostWhileMemoryRunsOut(bool forGood, Task task, Check check)
     }
 }
 
-// The constructor of Qt's XML reader loses what it has taken when a later allocation of its own fails.
+// The constructor of Qt's XML reader leaks what it has allocated when a later allocation of its own fails.
 int lostByQt(bool forGood)
 {
     return lostWhileMemoryRunsOut(
@@ -161,7 +161,7 @@ CatalogManager &manager()
     return *CatalogManager::instance();
 }
 
-// Knows one file, and answers without taking memory.
+// Knows one file, and answers without allocating memory.
 struct OneFile : FileTable
 {
     QString getCatalogFileName(const QString &) const override { return path; }
@@ -175,7 +175,7 @@ class OutOfMemoryTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // The test's own way of logging takes memory. This one takes none.
+    // QtTest's message handler allocates memory. This one does not.
     void initTestCase()
     {
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
@@ -201,8 +201,8 @@ void OutOfMemoryTest::leavesNothingOfAFailedLoad_data()
     QTest::newRow("lists, one allocation fails, with all messages") << "lists" << false << true;
 }
 
-// A load that failed, or a style, is not known afterwards: the next one is as the first. With the lock still
-// taken, it would never return.
+// A load or style query that failed is not cached: the next one starts again. If the lock were still held, it
+// would never return.
 void OutOfMemoryTest::leavesNothingOfAFailedLoad()
 {
     QFETCH(QString, catalog);
@@ -223,7 +223,7 @@ void OutOfMemoryTest::leavesNothingOfAFailedLoad()
         return manager().getCatalog(ids.at(number))->IsValid();
     };
     const auto askForStyle = [&](int number) { manager().is3DSupportedCatalog(ids.at(number)); };
-    // The first load and the first exception of a process leave things for the next ones.
+    // The first load and the first exception of a process allocate what later ones use again.
     load(0);
     askForStyle(0);
     lostByQt(forGood);
@@ -244,7 +244,7 @@ void OutOfMemoryTest::leavesNothingOfAFailedLoad()
              lostByQt(forGood));
 }
 
-// A long chain of items and an item under itself.
+// A long chain of items, and an item that is its own parent.
 void OutOfMemoryTest::destroysCatalogsWithoutMemory()
 {
     const auto record = [](int id, int parentId) {
@@ -256,7 +256,7 @@ void OutOfMemoryTest::destroysCatalogsWithoutMemory()
         records += record(level, level - 1);
     records += "<CLASS><CLASS_PK>0</CLASS_PK></CLASS>";
     const QString loopId = text("-1");
-    // How many blocks the destruction of `catalog` gives back.
+    // How many blocks the destruction of `catalog` frees.
     const auto destroy = [](CatalogSptr catalog, int firstFailing) {
         const int blocks = FailingMemory::blocks;
         const FailingMemory failing(firstFailing, true);
@@ -267,7 +267,7 @@ void OutOfMemoryTest::destroysCatalogsWithoutMemory()
     QVERIFY(!FailingMemory::hasFailed);
     QCOMPARE(released, destroy(loaded(records), FailingMemory::never));
 
-    // The list of the loop is copied, so there is no cutting it without memory.
+    // The child list of the loop is copied, so the loop cannot be cut without memory.
     CatalogSptr catalog = loaded(records);
     const auto item = catalog->getItemById(loopId);
     const auto children = item->getChildItems();

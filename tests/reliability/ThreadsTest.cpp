@@ -1,5 +1,5 @@
-// Many threads on one library: each catalog is loaded once, everybody gets the same one, and every load is
-// announced. Runs under the thread sanitizer as well, see preset tsan.
+// Many threads use the library: each catalog is loaded once, all threads get the same object, and every load
+// is announced. Also runs under the thread sanitizer, see preset tsan.
 
 #include "catalogs/access/CatalogManager.h"
 #include "catalogs/building/CatalogLoader.h"
@@ -18,7 +18,7 @@ namespace {
 
 constexpr int threadCount = 64;
 constexpr int catalogCount = 100;
-constexpr int entryCount = 3; // list entries of a catalog, each logged when it is made
+constexpr int entryCount = 3; // list entries of a catalog, each logged when it is created
 
 // Its column and its list are named A in the scrambled form.
 QByteArray catalogWithStyle(const QByteArray &style)
@@ -37,7 +37,7 @@ QByteArray catalogWithStyle(const QByteArray &style)
     return catalogXml("<CATALOG><CAT_Style>" + style + "</CAT_Style></CATALOG>" + records);
 }
 
-// Runs `task(0)` to `task(threadCount - 1)` on threads that start together, and gives their results.
+// Runs `task(0)` to `task(threadCount - 1)` on threads that start together, and returns their results.
 template <typename Task>
 auto onManyThreads(Task task)
 {
@@ -68,16 +68,16 @@ private Q_SLOTS:
     void loadEachCatalogOnce();
 };
 
-// Must run first: nobody has asked for the manager yet.
+// Must run first: the manager must not exist yet.
 void ThreadsTest::makeOneManager()
 {
     const auto managers = onManyThreads([](int) { return CatalogManager::instance(); });
     QCOMPARE(managers, QVector<CatalogManager *>(threadCount, CatalogManager::instance()));
 }
 
-// A quarter of the catalogs has no file and a quarter's file is cut off; half of the others support 3D.
-// Every thread reads a file with a loader of its own, asks for all styles and then for all catalogs,
-// beginning with another one each. The lock of the loads would hide a race in what comes before them.
+// A quarter of the catalogs has no file and a quarter a truncated one; half of the others support 3D. Every
+// thread reads a file with a loader of its own, asks for all styles and then for all catalogs, each starting
+// with another one. The lock of the loads would hide races in what comes before them.
 void ThreadsTest::loadEachCatalogOnce()
 {
     const CatalogFolder folder;
@@ -124,7 +124,7 @@ void ThreadsTest::loadEachCatalogOnce()
         QCOMPARE(failed.value(ids.at(number)), isLoadable ? 0 : threadCount);
         const CatalogSptr catalog = manager.getCatalog(ids.at(number));
         QCOMPARE(catalog->IsValid(), isLoadable);
-        // The style is before the place where a file is cut off.
+        // Truncated files still contain the style.
         expected.insert(number, {isLoadable ? catalog.data() : nullptr, number % 4 == 1});
     }
     QCOMPARE(answers, QVector<Answers>(threadCount, expected));

@@ -1,4 +1,5 @@
-// The stand-in of the host: number format and logger. Its conversions and its input field show in catalogs/.
+// The stand-in of the host: number format and logger. Its conversions and input fields are tested in
+// catalogs/.
 
 #include "shared/CLogger.h"
 #include "shared/DoubleFormater.h"
@@ -23,7 +24,7 @@ class SharedTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // The host's numbers do not depend on where the process runs.
+    // Numbers do not depend on the locale.
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
 
     // Value, format and result.
@@ -37,8 +38,8 @@ private Q_SLOTS:
         }
     }
 
-    // The fast path for plain numbers must not be seen. These are all texts of up to five of seven
-    // characters, and such with more digits than a double holds.
+    // The fast path for plain numbers must make no difference. These are all texts of up to five of seven
+    // characters, and some with more digits than a double holds.
     void formatsAnyTextAsTheLongWay()
     {
         const QString characters = text("019.-e ");
@@ -76,7 +77,7 @@ private Q_SLOTS:
         QCOMPARE(log.messages(), expected);
     }
 
-    // Nearly every message makes a new category, while other threads make or look for the same one.
+    // Nearly every message creates a category, while other threads create or look up the same one.
     void logsFromSeveralThreads()
     {
         const LogCapture log;

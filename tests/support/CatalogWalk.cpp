@@ -11,7 +11,7 @@ namespace {
 using namespace Catalogs;
 using ItemPtr = QSharedPointer<CatalogItem>;
 
-// Keeps reads of texts from being left out.
+// Keeps the compiler from leaving out reads of texts.
 volatile uint charactersSeen = 0;
 
 void readTexts(std::initializer_list<QString> texts)
@@ -65,7 +65,7 @@ QString faultOfItem(Catalog &catalog, const QString &key, CatalogItem &item)
     return faultOfFields(item);
 }
 
-// Every item but the root is the child of its parent, and of nobody else.
+// Every item but the root is a child of its parent, and of no other item.
 QString faultOfTree(const QHash<QString, ItemPtr> &items, bool isLinked)
 {
     int expected = 0;

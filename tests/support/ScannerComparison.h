@@ -9,7 +9,7 @@
 
 namespace Orvida::Tests {
 
-/// What the scanner found, and the first thing in which QXmlStreamReader differs from it.
+/// What the scanner found, and where QXmlStreamReader first differs from it.
 struct ScannerComparison
 {
     bool isPlain = false;
@@ -17,8 +17,8 @@ struct ScannerComparison
 };
 
 /// Compares all tokens of `document`, which the scanner reads in blocks of `blockSize` bytes. Both skip the
-/// element of every `skipped`th start tag; with 0, they skip none. A first pass, which keeps no texts, must
-/// end as the second one.
+/// element of every `skipped`th start tag; none for 0. A first pass, which keeps no texts, must end the same
+/// way as the second one.
 inline ScannerComparison compareWithQt(const QByteArray &document, int blockSize, int skipped = 0)
 {
     QBuffer bufferOfReader;

@@ -57,7 +57,7 @@ QByteArray catalogXml(const QByteArray &records)
 QByteArray scrambledForm(const QByteArray &clear)
 {
     static const QRegularExpression fieldWithText(text("<(\\w+)>([^<]*)(?=<)"));
-    // Latin-1 stands for the bytes, whatever their encoding is.
+    // Latin-1 represents the bytes, whatever their encoding is.
     const QString bytes = QString::fromLatin1(clear);
     QString result;
     int done = 0;
@@ -116,8 +116,8 @@ QStringList LogCapture::messages() const
     return logged;
 }
 
-// What is still in a buffer of the C library's is written to where it belongs. Not so at the end: what the
-// library has not flushed by itself does not count as written to the file.
+// Flushes the C library's buffer first, so that its content goes where it belongs. The destructor does not:
+// what the library has not flushed by itself must not reach the file.
 StandardOutputTo::StandardOutputTo(const char *path)
     : m_savedOutput((std::fflush(stdout), dup(STDOUT_FILENO)))
 {

@@ -1,4 +1,4 @@
-// What several tests need: catalog files made of text, and guards for what is process-wide.
+// What several tests need: catalog files made from text, and guards for process-wide state.
 #pragma once
 
 #include "catalogs/access/ICatalogFileNameProvider.h"
@@ -14,11 +14,11 @@
 
 namespace Orvida::Tests {
 
-/// A folder with files, removed with the object.
+/// A folder of files, removed with the object.
 class CatalogFolder
 {
 public:
-    /// Writes `content` into the file `name` and gives its path.
+    /// Writes `content` into the file `name` and returns its path.
     QString write(const QString &name, const QByteArray &content) const;
     /// Path of the file `name`, whether it exists or not.
     QString path(const QString &name) const;
@@ -36,8 +36,8 @@ inline QString text(const char *utf8)
 /// `records` inside the root element of a catalog file.
 QByteArray catalogXml(const QByteArray &records);
 
-/// The catalog `clear` with the texts of its scrambled fields scrambled. Elements with the attribute raw keep
-/// their text; escapes are not looked at.
+/// The readable catalog `clear`, scrambled. The text of elements with the attribute raw is left alone;
+/// escapes are not decoded.
 QByteArray scrambledForm(const QByteArray &clear);
 /// The same for the file at `path`.
 QByteArray scrambledCatalog(const QString &path);
@@ -48,8 +48,8 @@ QString summaryOf(const Catalogs::CatalogReadFailure &failure);
 /// The catalog "id" of a file with these records.
 Catalogs::CatalogSptr loaded(const QByteArray &records);
 
-/// Collects what is logged while it lives, each as "category|level|message" (levels: debug, info, warning,
-/// critical), with all levels of the library's categories switched on. Any thread may log. One at a time.
+/// Collects log messages while it exists, each as "category|level|message" (levels: debug, info, warning,
+/// critical), with all levels of all categories on. Any thread may log. One at a time.
 class LogCapture
 {
 public:
@@ -60,8 +60,7 @@ public:
     QStringList messages() const;
 };
 
-/// Puts what is written to standard output, by whatever writes it, into a file while it lives. Takes no
-/// memory.
+/// Redirects standard output of the process into a file while it exists. Allocates no memory.
 class StandardOutputTo
 {
 public:
@@ -73,8 +72,8 @@ private:
     const int m_savedOutput;
 };
 
-/// A provider that knows the files it was told, counts its questions, and is the library's provider, with
-/// an empty folder, while it lives.
+/// A provider for the files added to it, which counts its calls. While it exists, it is the library's
+/// provider, with an empty folder.
 class FileTable : public ICatalogFileNameProvider
 {
 public:

@@ -1,9 +1,10 @@
-// Shows Qt's mutex to the thread sanitizer. Debian's Qt is not built for it, and the compare-and-swap that
-// takes a QMutex happens inside libQt5Core, so every use of data behind a QMutex would count as a race.
+// Makes Qt's mutex visible to the thread sanitizer. Debian's Qt is not built for it, and the compare-and-swap
+// that locks a QMutex happens inside libQt5Core, so every use of data that a QMutex guards would count as a
+// race.
 //
-// Linked into a test program, these definitions come before Qt's own for the program and for every library
-// that calls them (liborvidacatalogs and liborvidashared do), save Qt itself. Each does what Qt's does and
-// tells the sanitizer, which then also reports an order of locks that can end in a deadlock.
+// Linked into a test program, these definitions replace Qt's own in the program and in every library that
+// calls them (liborvidacatalogs and liborvidashared do), but not in Qt itself. Each calls Qt's and informs
+// the sanitizer, which then also reports lock orders that can end in a deadlock.
 
 #include <QMutex>
 

@@ -1,5 +1,4 @@
-// What is made readable is scrambled to the same bytes again, whatever the texts, the encoding and the
-// markup.
+// Unscrambling and scrambling again gives the same bytes, whatever the texts, the encoding and the markup.
 
 #include "catalogs/reading/ScrambledText.h"
 #include "tools/TextForm.h"
@@ -19,7 +18,7 @@ QString text(const char *utf8)
     return QString::fromUtf8(utf8);
 }
 
-// Pieces of texts that a document cannot hold as they are, or that are easily taken for something else.
+// Pieces of text that a document cannot hold as they are, or that are easily mistaken for something else.
 const QStringList oddPieces = {
     text("&"),      text("<"),      text("]]>"),    text("\r"),         text("\n"),         text("\r\n"),
     text("\t"),     text(" "),      text("\u0085"), text("\u00A0"),     text("\uFEFF"),     text("\u202E"),
@@ -75,14 +74,14 @@ class FormChangeTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void goesThereAndBack_data();
-    void goesThereAndBack();
+    void comesBackUnchanged_data();
+    void comesBackUnchanged();
     void keepsTheLinesOfFiles_data();
     void keepsTheLinesOfFiles();
     void refusesNothingButBrokenXml();
 };
 
-void FormChangeTest::goesThereAndBack_data()
+void FormChangeTest::comesBackUnchanged_data()
 {
     QTest::addColumn<QByteArray>("encoding");
 
@@ -91,7 +90,7 @@ void FormChangeTest::goesThereAndBack_data()
         QTest::newRow(encoding) << QByteArray(encoding);
 }
 
-void FormChangeTest::goesThereAndBack()
+void FormChangeTest::comesBackUnchanged()
 {
     QFETCH(QByteArray, encoding);
     QRandomGenerator random(1);
@@ -141,7 +140,7 @@ void FormChangeTest::refusesNothingButBrokenXml()
         QByteArray document = original;
         for (int changes = random.bounded(1, 4); changes > 0; --changes) {
             const int place = random.bounded(document.size());
-            // Letters for letters, mostly, so that not every change breaks the markup.
+            // Mostly letters replace letters, so that not every change breaks the markup.
             document[place] = random.bounded(4) == 0 ? "<>&;!['-\n"[random.bounded(9)]
                                                      : original.at(random.bounded(original.size()));
         }

@@ -1,10 +1,9 @@
-// Transcripts of orvida-catalog: what it prints for a call, compared whole.
+// Transcripts of orvida-catalog: commands and their complete output.
 //
-// A transcript is a page of text. In it, indented by four spaces, stand calls ("$ ..." for a shell, continued
-// by
-// "> ...") and below each what came of it: standard output, standard error with "! " before each line, and in
-// brackets an exit status other than 0. With ORVIDA_UPDATE=1 the pages are written anew; read the difference
-// before you commit it.
+// A transcript is a page of text that contains, indented by four spaces, shell commands ("$ ...", continued
+// by "> ...") and below each its output: standard output, standard error with "! " before each line, and in
+// brackets an exit status other than 0. ORVIDA_UPDATE=1 rewrites the pages; read the diff before you commit
+// it.
 
 #include <QDir>
 #include <QFile>
@@ -32,7 +31,7 @@ QString linesOf(const QByteArray &output, const QString &lead)
     return result;
 }
 
-// What comes of a call in `folder`, as a transcript shows it.
+// The output of a command in `folder`, as a transcript shows it.
 QString outcomeOf(const QString &call, const QString &folder)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -64,7 +63,7 @@ bool isContinuation(const QString &line)
     return line.startsWith(margin + QStringLiteral("> "));
 }
 
-// The page with what comes of its calls now in the place of what it says.
+// The page with the present output of its commands.
 QString replayed(const QString &page, const QString &folder)
 {
     QStringList lines = page.split(QLatin1Char('\n'));
@@ -98,7 +97,7 @@ QString contentOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-// Both pages from the first line on in which they differ, some lines of each.
+// Some lines of both pages, from the first difference on.
 QString difference(const QString &expected, const QString &actual)
 {
     const QStringList expectedLines = expected.split(QLatin1Char('\n'));
@@ -144,6 +143,7 @@ void TranscriptTest::isWhatTheToolPrints()
         for (const QFileInfo &file : QDir(source).entryInfoList({QStringLiteral("*.xml")}, QDir::Files))
             QVERIFY(QFile::copy(file.filePath(), folder.filePath(file.fileName())));
     }
+    QVERIFY(QFile::copy(QFINDTESTDATA("../../docs/format.md"), folder.filePath(QStringLiteral("format.md"))));
     const QString expected = contentOf(path);
     const QString actual = replayed(expected, folder.path());
     if (expected == actual)
@@ -156,7 +156,7 @@ void TranscriptTest::isWhatTheToolPrints()
     QFAIL(qPrintable(difference(expected, actual)));
 }
 
-// No transcript: a sanitizer takes more address space than any limit would leave it.
+// Not a transcript: a sanitizer needs more address space than any limit would leave.
 void TranscriptTest::reportsALackOfMemory()
 {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)

@@ -9,6 +9,8 @@
 #include "tools/Options.h"
 #include "tools/RuleText.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <map>
 

@@ -1,8 +1,11 @@
 // What all subcommands of orvida-catalog have in common.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <QtGlobal>
+
+namespace CLI {
+class App;
+}
 
 namespace Orvida::Tools {
 
@@ -13,12 +16,12 @@ public:
     virtual ~Command();
     Q_DISABLE_COPY(Command)
 
-    /// Adds the command to the command line; it then fills its options while the call is taken apart.
+    /// Adds the command to the command line; parsing then fills its options.
     void addTo(CLI::App &app);
-    /// Whether the call was for this command.
-    bool isChosen() const { return m_command->parsed(); }
+    /// Whether the command line names this command.
+    bool isChosen() const;
 
-    /// Does what was asked for and gives the exit status of the process.
+    /// Does what was asked for and returns the exit status of the process.
     virtual int run() = 0;
 
 protected:

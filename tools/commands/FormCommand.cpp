@@ -1,44 +1,29 @@
 #include "tools/commands/FormCommand.h"
 
-#include "tools/CommandOutput.h"
 #include "tools/ExitStatus.h"
 #include "tools/InputFile.h"
 #include "tools/Messages.h"
 #include "tools/Options.h"
 
-#include <QFileInfo>
-#include <QSaveFile>
+#include <CLI/CLI.hpp>
 
 namespace Orvida::Tools {
 
 namespace {
 
-// Standard input or output.
-const QString stream = QStringLiteral("-");
+using Print = void (*)(const QString &file, FilePosition position, const QString &text);
 
-// Whole or not at all: a file that is there stays as it is until the new one is complete.
-QString errorOfReplacing(const QString &name, const QByteArray &document)
+// The first hundred tell enough of a file that is as a whole not what it was taken for.
+void report(const QString &name, const QVector<FormChange::Note> &notes, Print print)
 {
-    QSaveFile file(name);
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) && file.write(document) == document.size() && file.commit();
-    return isWritten ? QString() : errorTextOf(file);
-}
-
-// What is special is written into: replaced, it would be gone.
-QString errorOfWriting(const QString &name, const QByteArray &document)
-{
-    QFile file(name);
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) && file.write(document) == document.size() && file.flush();
-    return isWritten ? QString() : errorTextOf(file);
-}
-
-// A device or a pipe.
-bool isSpecial(const QString &name)
-{
-    const QFileInfo place(name);
-    return place.exists() && !place.isFile() && !place.isDir();
+    constexpr int most = 100;
+    for (const FormChange::Note &note : notes.mid(0, most)) {
+        print(name, note.position, note.text);
+        if (!note.remedy.isEmpty())
+            printRemedy(note.remedy);
+    }
+    if (notes.size() > most)
+        printMessage(QStringLiteral("and %1 more like these").arg(notes.size() - most));
 }
 
 } // namespace
@@ -60,13 +45,14 @@ void FormCommand::addOptions(CLI::App &command)
     command.add_flag("--in-place", m_isInPlace, "Write over FILE")->excludes(output);
     command.add_flag(
         "--force", m_isForced,
-        "Change also a file that seems to be in this form, the first piece of a text of which a\n"
-        "load takes no more, and digits in lower case");
+        "Change what is refused otherwise: a file that seems to have this form already, the first piece\n"
+        "of a text in pieces, digits in lower case");
 }
 
 int FormCommand::run()
 {
-    const QString error = usageError();
+    const OutputFile output(m_isInPlace ? m_fileName : m_output.value_or(QStringLiteral("-")));
+    const QString error = usageError(output);
     if (!error.isEmpty()) {
         printMessage(error);
         return WrongUsage;
@@ -78,73 +64,57 @@ int FormCommand::run()
     }
     const FormChange change(input.bytes());
     if (change.failure()) {
-        printFailure(input.name(), *change.failure());
+        printFailure(input.name(), explained(*change.failure(), input.path()));
         return NotReadable;
     }
     if (refuses(change, input.name()))
         return AnswerIsNo;
     int status = Done;
     const QByteArray document = changed(change, input.name(), status);
-    return write(document, status);
+    return output.write(document, status);
 }
 
 // What is wrong with where the document is to go; empty when all is well.
-QString FormCommand::usageError() const
+QString FormCommand::usageError(const OutputFile &output) const
 {
-    if (m_isInPlace && (m_fileName == stream || isSpecial(m_fileName)))
-        return QStringLiteral("%1 cannot be written over; leave --in-place out").arg(m_fileName);
-    if (!m_output || *m_output == stream || m_fileName == stream)
-        return QString();
-    const QString output = QFileInfo(*m_output).canonicalFilePath();
-    if (output.isEmpty() || output != QFileInfo(m_fileName).canonicalFilePath())
-        return QString();
-    return QStringLiteral("%1 is the input itself; to write over it, use --in-place").arg(*m_output);
+    if (m_isInPlace)
+        return output.isStream()
+                   ? QStringLiteral("%1 cannot be written over; leave --in-place out").arg(m_fileName)
+                   : QString();
+    return output.isSameAs(m_fileName)
+               ? QStringLiteral("%1 is the input itself; to write over it, use --in-place").arg(output.name())
+               : QString();
 }
 
 bool FormCommand::refuses(const FormChange &change, const QString &name) const
 {
     if (!m_isForced && change.form() == m_target) {
-        printMessage(QStringLiteral("%1 is %2 already; to go on all the same, use --force")
+        printMessage(QStringLiteral("%1 is %2 already; use --force to change it anyway")
                          .arg(name, m_target == TextForm::Scrambled ? QStringLiteral("scrambled")
                                                                     : QStringLiteral("readable")));
         return true;
     }
     const auto obstacles = change.obstacles(m_isForced ? FieldText::NestedElement : FieldText::None);
-    for (const FormChange::Note &note : obstacles)
-        printError(name, note.position, note.text);
+    report(name, obstacles, printError);
     if (!obstacles.isEmpty())
-        printMessage(QStringLiteral("nothing is written; write each text in one piece"));
+        printMessage(QStringLiteral("nothing is written"));
     return !obstacles.isEmpty();
 }
 
 // The file in its new form. Texts that are left as they are make the answer a no.
 QByteArray FormCommand::changed(const FormChange &change, const QString &name, int &status) const
 {
-    if (m_target == TextForm::Scrambled)
+    if (m_target == TextForm::Scrambled) {
+        if (change.form() == TextForm::Readable)
+            report(name, change.scrambledTexts(), printWarning);
         return change.scrambled();
+    }
     QVector<FormChange::Note> left;
     const QByteArray document = change.unscrambled(m_isForced, left);
-    for (const FormChange::Note &note : qAsConst(left))
-        printWarning(name, note.position, note.text);
+    report(name, left, printWarning);
     if (!left.isEmpty())
         status = AnswerIsNo;
     return document;
-}
-
-int FormCommand::write(const QByteArray &document, int status) const
-{
-    const QString name = m_isInPlace ? m_fileName : m_output.value_or(stream);
-    if (name == stream) {
-        CommandOutput output;
-        output.write(document);
-        return output.finish(status);
-    }
-    const QString errorText =
-        isSpecial(name) ? errorOfWriting(name, document) : errorOfReplacing(name, document);
-    if (errorText.isEmpty())
-        return status;
-    printError(name, {}, QStringLiteral("cannot write the file: ") + errorText);
-    return NotReadable;
 }
 
 } // namespace Orvida::Tools

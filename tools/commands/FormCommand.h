@@ -2,6 +2,7 @@
 // back.
 #pragma once
 
+#include "tools/OutputFile.h"
 #include "tools/TextForm.h"
 #include "tools/commands/Command.h"
 
@@ -21,10 +22,9 @@ public:
 
 private:
     void addOptions(CLI::App &command) override;
-    QString usageError() const;
+    QString usageError(const OutputFile &output) const;
     bool refuses(const FormChange &change, const QString &name) const;
     QByteArray changed(const FormChange &change, const QString &name, int &status) const;
-    int write(const QByteArray &document, int status) const;
 
     const TextForm m_target;
     QString m_fileName;

@@ -6,6 +6,8 @@
 #include "tools/LoadReport.h"
 #include "tools/Options.h"
 
+#include <CLI/CLI.hpp>
+
 namespace Orvida::Tools {
 
 void JsonCommand::addOptions(CLI::App &command)

@@ -5,9 +5,10 @@
 #include "tools/Messages.h"
 #include "tools/NewCatalog.h"
 #include "tools/Options.h"
-#include "tools/OutputStyle.h"
 
+#include <CLI/CLI.hpp>
 #include <QStringList>
+#include <QVector>
 
 #include <algorithm>
 
@@ -15,20 +16,27 @@ namespace Orvida::Tools {
 
 namespace {
 
-// What is compared exactly should be seen exactly.
-bool isGoodKey(const QString &key)
+// What is compared exactly should be seen exactly, and XML cannot hold every character. Bytes of the call
+// that are no UTF-8 have become U+FFFD.
+QString faultOf(const QString &key)
 {
-    return !key.isEmpty() && key == key.trimmed()
-           && std::none_of(key.cbegin(), key.cend(), OutputStyle::steersTerminal);
+    if (key.isEmpty())
+        return QStringLiteral("is empty");
+    if (key != key.trimmed())
+        return QStringLiteral("begins or ends with white space");
+    const QVector<uint> characters = key.toUcs4();
+    const bool isSeen = std::all_of(characters.cbegin(), characters.cend(), [](uint character) {
+        return QChar::isPrint(character) && character != QChar::ReplacementCharacter;
+    });
+    return isSeen ? QString() : QStringLiteral("has a character that cannot be seen");
 }
 
 bool areGoodKeys(const QStringList &keys)
 {
     for (const QString &key : keys) {
-        if (!isGoodKey(key)) {
-            printMessage(QStringLiteral("%1 is no good key: it is empty, has white space at an end, or holds "
-                                        "characters that cannot be seen")
-                             .arg(quoted(key)));
+        const QString fault = faultOf(key);
+        if (!fault.isEmpty()) {
+            printMessage(QStringLiteral("%1 cannot be used: it %2").arg(quoted(key), fault));
             return false;
         }
     }

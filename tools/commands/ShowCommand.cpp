@@ -10,6 +10,7 @@
 #include "tools/Options.h"
 #include "tools/TreeView.h"
 
+#include <CLI/CLI.hpp>
 #include <QStringList>
 
 namespace Orvida::Tools {
@@ -28,7 +29,7 @@ QString summary(const CatalogFile &file)
     if (!catalog.profile().isEmpty())
         facts << QStringLiteral("profile ") + catalog.profile();
     const int items = catalog.getCatalogItems().size() - 1; // without the root
-    const int itemsInTree = TreeView::countItems(catalog.getItemById(QString()));
+    const int itemsInTree = countItems(catalog.getItemById(QString()));
     facts << counted(items, QStringLiteral("item"));
     if (itemsInTree != items)
         facts.last() += QStringLiteral(" (%1 outside the tree)").arg(items - itemsInTree);

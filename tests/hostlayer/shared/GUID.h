@@ -1,4 +1,4 @@
-// The recording host's layer, all in one header: it shows that nothing of the stand-in is used.
+// The recording host layer is one header, which proves that nothing of the stand-in is used.
 #pragma once
 
 #include "shared/RecordingHost.h"

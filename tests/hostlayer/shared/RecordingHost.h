@@ -1,5 +1,5 @@
-// A host layer that writes down every call of the library, and the thread that makes it. What it does differs
-// from the stand-in on purpose.
+// A host layer that records every call of the library and its thread. It deliberately differs from the
+// stand-in.
 #pragma once
 
 #include <QList>
@@ -10,7 +10,7 @@
 
 namespace Orvida::Recording {
 
-// What is written down before each call of this thread.
+// Recorded with each call of this thread.
 extern thread_local const char *threadName;
 QStringList &calls();
 void record(const char *call, const QString &argument = QString());

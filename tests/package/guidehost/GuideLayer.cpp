@@ -1,4 +1,4 @@
-// The least that the host guide's declarations can be: every function is there, and does nothing.
+// The simplest layer for the host guide's declarations: every function exists and does nothing.
 #include "shared/CLogger.h"
 #include "shared/DataConverter.h"
 #include "shared/DoubleFormater.h"
