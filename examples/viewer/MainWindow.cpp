@@ -57,7 +57,11 @@ MainWindow::MainWindow()
     connect(&m_tree, &CatalogTreeModel::profileChanged, m_form, &CodeForm::rebuild);
 }
 
-MainWindow::~MainWindow() = default;
+// The view is destroyed after the models.
+MainWindow::~MainWindow()
+{
+    m_treeView->setModel(nullptr);
+}
 
 void MainWindow::openFile(const QString &fileName)
 {
