@@ -26,7 +26,7 @@ bool isHex(const QStringRef &text)
     return std::all_of(text.cbegin(), text.cend(), isHexDigit);
 }
 
-// Counts the texts of either form. Blank ones have none.
+// Counts the texts of each form. White space alone has none.
 class FormCount
 {
 public:
@@ -177,7 +177,7 @@ FormChange::FormChange(const QByteArray &document)
         failure.detail = m_texts.errorText;
         m_failure = failureOf(failure);
     } else if (!m_texts.isTextOfDocument || scrambled().isNull()) {
-        // Whether its parts can be replaced shows when they are.
+        // Only replacing its parts shows whether they can be replaced.
         m_failure = FileFailure{{},
                                 QStringLiteral("texts cannot be replaced in the encoding of the file"),
                                 QStringLiteral("save it as UTF-8")};
