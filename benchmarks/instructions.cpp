@@ -1,12 +1,15 @@
-// instructions PART FILE: runs one part of loading once, so that callgrind can count its instructions.
+// instructions PART FILE: runs one part of loading, or a check, once, so that callgrind can count its
+// instructions.
 //   pass    a bare pass of QXmlStreamReader
 //   check   a bare pass of the scanner: whether the file is plain
 //   scan    a pass of the scanner that reads every name and text
 //   parse   CatalogXMLParser::readFile
 //   load    CatalogLoader::loadCatalog, and the catalog's destruction
+//   faults  CatalogChecker::check
 #include "catalogs/building/CatalogLoader.h"
 #include "catalogs/reading/CatalogXMLParser.h"
 #include "catalogs/reading/PlainXmlScanner_p.h"
+#include "checking/CatalogChecker.h"
 
 #include <QFile>
 #include <QXmlStreamReader>
@@ -68,6 +71,11 @@ bool load(const QString &path)
     return CatalogLoader().loadCatalog(path, QStringLiteral("benchmark"))->IsValid();
 }
 
+bool faults(const QString &path)
+{
+    return Orvida::Checking::CatalogChecker().check(path);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -76,11 +84,12 @@ int main(int argc, char **argv)
     {
         const char *name;
         bool (*run)(const QString &);
-    } parts[] = {{"pass", pass}, {"check", check}, {"scan", scan}, {"parse", parse}, {"load", load}};
+    } parts[] = {{"pass", pass},   {"check", check}, {"scan", scan},
+                 {"parse", parse}, {"load", load},   {"faults", faults}};
     for (const auto &part : parts) {
         if (argc == 3 && std::strcmp(argv[1], part.name) == 0)
             return part.run(QFile::decodeName(argv[2])) ? 0 : 2;
     }
-    std::fputs("usage: instructions pass|check|scan|parse|load FILE\n", stderr);
+    std::fputs("usage: instructions pass|check|scan|parse|load|faults FILE\n", stderr);
     return 3;
 }

@@ -1,8 +1,9 @@
-// memory none|load|dom FILE: loads the file in one way and prints the peak memory of the process in bytes,
-// and how much the loaded catalog itself takes; none only starts the program.
+// memory none|load|check|dom FILE: loads or checks the file in one way and prints the peak memory of the
+// process in bytes, and how much the loaded catalog itself takes; none only starts the program.
 #include "benchmarks/DomCatalog.h"
 
 #include "catalogs/building/CatalogLoader.h"
+#include "checking/CatalogChecker.h"
 
 #include <QFile>
 
@@ -33,7 +34,7 @@ long long heapBytes()
 int main(int argc, char **argv)
 {
     if (argc != 3) {
-        std::fputs("usage: memory none|load|dom FILE\n", stderr);
+        std::fputs("usage: memory none|load|check|dom FILE\n", stderr);
         return 3;
     }
     const QString path = QFile::decodeName(argv[2]);
@@ -42,6 +43,8 @@ int main(int argc, char **argv)
     QHash<QString, QSharedPointer<Catalogs::CatalogItem>> items;
     if (std::strcmp(argv[1], "load") == 0)
         catalog = Catalogs::CatalogLoader().loadCatalog(path, QStringLiteral("benchmark"));
+    else if (std::strcmp(argv[1], "check") == 0)
+        Checking::CatalogChecker().check(path);
     else if (std::strcmp(argv[1], "dom") == 0)
         items = Benchmarks::loadDomCatalog(path);
     std::printf("%lld %lld\n", peakBytes(), heapBytes() - before);

@@ -1,5 +1,6 @@
 # Installation: libraries and headers (through their file sets), the CMake package OrvidaCatalogs and the
-# pkg-config file orvida-catalogs. The folders CMAKE_INSTALL_* may be relative to the prefix or absolute.
+# pkg-config files orvida-catalogs and orvida-checking. The folders CMAKE_INSTALL_* may be relative to the prefix
+# or absolute.
 include(CMakePackageConfigHelpers)
 
 set(ORVIDA_INSTALL_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/OrvidaCatalogs)
@@ -12,19 +13,35 @@ if(TARGET orvidashared)
   set(ORVIDA_PC_HOST_LIBS " -lorvidashared")
 endif()
 
-install(TARGETS ${ORVIDA_INSTALLED_TARGETS} EXPORT OrvidaCatalogsTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvida)
-install(EXPORT OrvidaCatalogsTargets NAMESPACE Orvida:: DESTINATION ${ORVIDA_INSTALL_CMAKEDIR})
-if(IS_ABSOLUTE ${CMAKE_INSTALL_INCLUDEDIR})
-  # CMake 3.25 looks for file sets below the prefix even if their folder is absolute.
-  cmake_path(ABSOLUTE_PATH ORVIDA_INSTALL_CMAKEDIR BASE_DIRECTORY "\${CMAKE_INSTALL_PREFIX}"
-    OUTPUT_VARIABLE folder)
-  install(CODE "
-    set(file \"\$ENV{DESTDIR}${folder}/OrvidaCatalogsTargets.cmake\")
-    file(READ \"\${file}\" targets)
-    string(REPLACE \"\\\${_IMPORT_PREFIX}//\" \"/\" targets \"\${targets}\")
-    file(WRITE \"\${file}\" \"\${targets}\")")
+# Installs libraries with their headers, and the file `name`.cmake that gives them to hosts.
+function(orvida_install_export name)
+  install(TARGETS ${ARGN} EXPORT ${name}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvida)
+  install(EXPORT ${name} NAMESPACE Orvida:: DESTINATION ${ORVIDA_INSTALL_CMAKEDIR})
+  if(IS_ABSOLUTE ${CMAKE_INSTALL_INCLUDEDIR})
+    # CMake 3.25 looks for file sets below the prefix, absolute or not.
+    cmake_path(ABSOLUTE_PATH ORVIDA_INSTALL_CMAKEDIR BASE_DIRECTORY "\${CMAKE_INSTALL_PREFIX}"
+      OUTPUT_VARIABLE folder)
+    install(CODE "
+      set(file \"\$ENV{DESTDIR}${folder}/${name}.cmake\")
+      file(READ \"\${file}\" targets)
+      string(REPLACE \"\\\${_IMPORT_PREFIX}//\" \"/\" targets \"\${targets}\")
+      file(WRITE \"\${file}\" \"\${targets}\")")
+  endif()
+endfunction()
+
+orvida_install_export(OrvidaCatalogsTargets ${ORVIDA_INSTALLED_TARGETS})
+set(pkgconfig_names orvida-catalogs)
+if(ORVIDA_BUILD_CHECKING)
+  orvida_install_export(OrvidaCheckingTargets orvidachecking)
+  list(APPEND ORVIDA_COMPONENTS Checking)
+  list(APPEND pkgconfig_names orvida-checking)
+endif()
+if(ORVIDA_WITH_MODELS)
+  orvida_install_export(OrvidaModelsTargets orvidamodels)
+  list(APPEND ORVIDA_COMPONENTS Models)
+  list(APPEND pkgconfig_names orvida-models)
 endif()
 
 list(JOIN ORVIDA_COMPONENTS ", " ORVIDA_COMPONENT_NAMES)
@@ -54,5 +71,7 @@ elseif(ORVIDA_HOST_TARGET)
   message(STATUS "orvida-catalogs.pc does not name the host layer: users of pkg-config have to add the "
     "flags of ${ORVIDA_HOST_TARGET} themselves, unless ORVIDA_HOST_PKGCONFIG gives its pkg-config name")
 endif()
-configure_file(cmake/orvida-catalogs.pc.in ${PROJECT_BINARY_DIR}/orvida-catalogs.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/orvida-catalogs.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+foreach(name IN LISTS pkgconfig_names)
+  configure_file(cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()

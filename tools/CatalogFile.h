@@ -57,7 +57,7 @@ public:
 
     /// What to do about it when the file seems to be in the other form than the one it was loaded as; else
     /// empty.
-    QString otherFormText() const;
+    QString otherFormText() const { return m_input.otherFormText(m_form); }
 
     /// How the file was loaded.
     TextForm form() const { return m_form; }

@@ -1,6 +1,9 @@
 #include "tools/FileFailure.h"
 
+#include "catalogs/format/CatalogFormat.h"
 #include "checking/CatalogChecker.h"
+
+#include <algorithm>
 
 namespace Orvida::Tools {
 
@@ -19,23 +22,23 @@ bool isOfXml(const Checking::CatalogFinding &finding)
 FileFailure failureOf(const CatalogReadFailure &failure)
 {
     const FilePosition position{failure.line, failure.column};
-    switch (failure.reason) {
-    case CatalogReadFailure::FileNotRead: return unreadable(failure.detail);
-    case CatalogReadFailure::NotWellFormed:
-        return {position, QStringLiteral("not well-formed XML: ") + failure.detail,
-                QStringLiteral("correct the XML there; a catalog loads as a whole or not at all")};
-    case CatalogReadFailure::RecordRefused:
-        return {
-            position,
-            failure.record + QStringLiteral(" record without ")
-                + failure.missingFields.join(QStringLiteral(" and without ")),
-            QStringLiteral("give the record a %1 that is not empty, or remove the record; one such record "
-                           "keeps the whole catalog from loading")
-                .arg(failure.missingFields.value(0))};
-    case CatalogReadFailure::None: break;
-    }
-    return {position, QStringLiteral("the catalog did not load, but its file reads well now"),
-            QStringLiteral("try again")};
+    if (failure.reason == CatalogReadFailure::None)
+        return {position, QStringLiteral("the catalog did not load, but its file reads well now"),
+                QStringLiteral("try again")};
+    return {position, failure.problem(), failure.remedy()};
+}
+
+// A scrambled key in the clear decodes to something else, often to nothing.
+FileFailure failureOf(const CatalogReadFailure &failure, const QString &otherForm)
+{
+    FileFailure result = failureOf(failure);
+    const QStringList &fields = failure.missingFields;
+    const bool lacksScrambledKey = std::any_of(fields.cbegin(), fields.cend(), [](const QString &field) {
+        return Catalogs::CatalogFormat::isScrambled(field);
+    });
+    if (lacksScrambledKey && !otherForm.isEmpty())
+        result.remedy = otherForm;
+    return result;
 }
 
 FileFailure explained(const FileFailure &failure, const QString &path)
@@ -53,9 +56,10 @@ FileFailure explained(const FileFailure &failure, const QString &path)
 
 FileFailure unreadable(const QString &errorText)
 {
-    return {{},
-            QStringLiteral("cannot read the file: ") + errorText,
-            QStringLiteral("check the name of the file and the right to read it")};
+    CatalogReadFailure failure;
+    failure.reason = CatalogReadFailure::FileNotRead;
+    failure.detail = errorText;
+    return failureOf(failure);
 }
 
 QString errorTextOf(const QFileDevice &device)

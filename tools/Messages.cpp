@@ -51,4 +51,9 @@ QString quoted(const QString &text)
     return QStringLiteral("\u201C%1\u201D").arg(isLong ? text.left(longestQuotation) + QChar(0x2026) : text);
 }
 
+QString counted(int count, const QString &noun)
+{
+    return QStringLiteral("%1 %2%3").arg(count).arg(noun, count == 1 ? QString() : QStringLiteral("s"));
+}
+
 } // namespace Orvida::Tools

@@ -25,4 +25,7 @@ void printMessage(const QString &text);
 /// `text` in quotation marks, cut when it is long.
 QString quoted(const QString &text);
 
+/// "1 item", "2 items".
+QString counted(int count, const QString &noun);
+
 } // namespace Orvida::Tools

@@ -41,6 +41,21 @@ QString OutputStyle::title(const QString &text) const
     return decorated("\x1b[1m", text);
 }
 
+QString OutputStyle::error(const QString &text) const
+{
+    return decorated("\x1b[1;31m", text);
+}
+
+QString OutputStyle::warning(const QString &text) const
+{
+    return decorated("\x1b[1;35m", text);
+}
+
+QString OutputStyle::note(const QString &text) const
+{
+    return decorated("\x1b[1;36m", text);
+}
+
 QString OutputStyle::singleLine(const QString &text)
 {
     QString result = text;

@@ -22,6 +22,9 @@ public:
     QString code(const QString &text) const;
     QString line(const QString &text) const;
     QString title(const QString &text) const;
+    QString error(const QString &text) const;
+    QString warning(const QString &text) const;
+    QString note(const QString &text) const;
 
     /// `text` on one line: line breaks become spaces, all else that steers a terminal becomes U+FFFD, so that
     /// a catalog can neither break the layout nor steer the terminal.

@@ -4,6 +4,7 @@
 #include "catalogs/building/CatalogLoader.h"
 #include "catalogs/reading/CatalogXMLParser.h"
 
+#include <QMetaType>
 #include <QMutexLocker>
 
 #include <atomic>
@@ -75,6 +76,12 @@ bool CatalogManager::is3DSupportedCatalog(QString catalogId)
         return *known & styleSupports3D;
     m_catalogStyles.insert(catalogId, style);
     return style & styleSupports3D;
+}
+
+void CatalogManager::registerMetaTypes()
+{
+    qRegisterMetaType<CatalogSptr>("CatalogSptr");
+    qRegisterMetaType<Base::GUID>("Orvida::Base::GUID");
 }
 
 } // namespace Orvida::Catalogs

@@ -16,8 +16,9 @@ namespace Orvida::Catalogs {
 ///
 /// Before the first request the host sets folder and provider on `CatalogConfigData`, takes the manager
 /// with `instance()` and connects to its signals. All operations may be called from any thread. The
-/// parameter types of the signals are not registered: a host that connects across threads registers
-/// "CatalogSptr" and "Orvida::Base::GUID" itself, under exactly these names.
+/// parameter types of the signals are not registered: a host that connects across threads calls
+/// `registerMetaTypes`, or registers "CatalogSptr" and "Orvida::Base::GUID" itself, under exactly these
+/// names.
 class ORVIDA_CATALOGS_EXPORT CatalogManager : public QObject
 {
     Q_OBJECT
@@ -34,10 +35,11 @@ public:
 
     /// The catalog `catalogId`, any text: from the cache, or loaded now, on the calling thread.
     ///
-    /// When it cannot be loaded the result is the failed catalog (`IsValid()` is false) and nothing is
-    /// kept: the next call tries again. Identifiers are compared exactly, letter case included. One lock is
-    /// held for the whole call, signals included: other callers wait, and a receiver that runs inside the
-    /// emission must not call `getCatalog`. The caller shares the catalog with the cache and all others.
+    /// When it cannot be loaded the result is the failed catalog (`IsValid()` is false, and `failure()` says
+    /// why) and nothing is kept: the next call tries again. Identifiers are compared exactly, letter case
+    /// included. One lock is held for the whole call, signals included: other callers wait, and a receiver
+    /// that runs inside the emission must not call `getCatalog`. The caller shares the catalog with the cache
+    /// and all others.
     ///
     /// Exceptions propagate and release the lock. From the provider or for lack of memory: nothing is kept
     /// and no signal was sent. From a receiver: a loaded catalog stays in the cache.
@@ -54,6 +56,12 @@ Q_SIGNALS:
     void catalogReady(CatalogSptr catalog);
     /// The catalog with this identifier could not be loaded. Sent inside `getCatalog`, before it returns.
     void failedToLoadCatalog(Orvida::Base::GUID);
+
+public:
+    /// An addition: registers the parameter types of the signals for connections across threads, under the
+    /// names "CatalogSptr" and "Orvida::Base::GUID". Only hosts call it, before such a signal is sent; the
+    /// library never does. Any thread may call it, as often as it likes.
+    static void registerMetaTypes();
 
 private:
     CatalogManager();

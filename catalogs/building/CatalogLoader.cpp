@@ -14,6 +14,7 @@ CatalogSptr CatalogLoader::loadCatalog(const QString &filePath, const QString &c
     auto catalog = makeShared<Catalog>(catalogId);
     catalog->getCatalogItems().insert(QStringLiteral(""), makeShared<CatalogItem>());
     if (!parser.readFile(filePath, catalog->getCatalogItems())) {
+        catalog->setFailure(parser.failure());
         catalog->setStatus(Catalog::LoadFailed);
         return catalog;
     }
@@ -21,6 +22,7 @@ CatalogSptr CatalogLoader::loadCatalog(const QString &filePath, const QString &c
     buildInputFields(parser, *catalog, lists);
     lists.clear(); // the fields share what they need of them
     catalog->setProfile(resolveProfile(parser));
+    catalog->setProfiles(profilesInOrderOfChoice(parser));
     catalog->setStatus(Catalog::Loaded);
     return catalog;
 }

@@ -16,8 +16,9 @@ public:
     ///
     /// Never gives an empty pointer. The status is `Loaded`, or `LoadFailed` when the file cannot be opened
     /// (an empty path, a folder), is not well-formed XML, or has a record without its keys; the catalog then
-    /// holds what was read until there, unlinked. The caller owns the catalog and alone sees it. Any thread
-    /// may call it. When memory runs out, `std::bad_alloc` propagates and nothing leaks.
+    /// holds what was read until there, unlinked, and the reason in `failure()`. The caller owns the catalog
+    /// and alone sees it. Any thread may call it. When memory runs out, `std::bad_alloc` propagates and
+    /// nothing leaks.
     CatalogSptr loadCatalog(const QString &filePath, const QString &catalogId);
 };
 

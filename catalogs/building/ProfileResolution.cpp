@@ -2,6 +2,8 @@
 
 #include "catalogs/reading/CatalogXMLParser.h"
 
+#include <QSet>
+
 #include <algorithm>
 
 namespace Orvida::Catalogs {
@@ -54,6 +56,19 @@ QString resolveProfile(const CatalogXMLParser &parser)
             return profile->pk;
     }
     return profiles.first().pk;
+}
+
+QVector<CatalogProfile> profilesInOrderOfChoice(const CatalogXMLParser &parser)
+{
+    QVector<CatalogProfile> result;
+    QSet<QString> keys;
+    for (const CatalogParserProfile &profile : sortedProfiles(parser.m_profiles)) {
+        if (keys.contains(profile.pk))
+            continue;
+        keys.insert(profile.pk);
+        result.append({profile.pk, profile.description});
+    }
+    return result;
 }
 
 } // namespace Orvida::Catalogs

@@ -62,6 +62,19 @@ void Catalog::buildRelations()
     orphans.write();
 }
 
+QStringList Catalog::codes() const
+{
+    QStringList codes;
+    codes.reserve(m_itemsByCode.size());
+    for (auto item = m_itemsByCode.cbegin(); item != m_itemsByCode.cend(); ++item) {
+        // A look-up of an unknown code has left an empty pointer.
+        if (*item && !item.key().isEmpty())
+            codes.append(item.key());
+    }
+    codes.sort();
+    return codes;
+}
+
 // The first item with a code answers for it, until a child of that item has the same code.
 void Catalog::registerCode(const QSharedPointer<CatalogItem> &item)
 {

@@ -3,10 +3,14 @@
 
 #include "catalogs/CatalogsExport.h"
 #include "catalogs/model/CatalogItem.h"
+#include "catalogs/model/CatalogProfile.h"
+#include "catalogs/reading/CatalogReadFailure.h"
 
 #include <QHash>
 #include <QSharedPointer>
 #include <QString>
+#include <QStringList>
+#include <QVector>
 
 #include <memory>
 
@@ -85,6 +89,33 @@ public:
     /// each other like all others.
     void buildRelations();
 
+    /// \name Additions
+    /// None of them changes the catalog's tables: look-ups insert nothing, so several threads may use them at
+    /// once as long as none uses anything else of the catalog.
+    /// \{
+
+    /// Why the catalog was not loaded; its reason is `None` unless the status is `LoadFailed`.
+    /// `CatalogReadFailure::text` says it in words.
+    const CatalogReadFailure &failure() const { return m_failure; }
+    /// Any value is stored as it is; the status does not change.
+    void setFailure(const CatalogReadFailure &failure) { m_failure = failure; }
+
+    /// The profiles that the file defines, in the order in which the loader goes through them when it
+    /// chooses: by ascending sort order. Each key is there once, with the description that comes first. The
+    /// chosen one is `profile()`; a mark in the file may have chosen another than the first.
+    const QVector<CatalogProfile> &profiles() const { return m_profiles; }
+    /// Any value is stored as it is; the current profile does not change.
+    void setProfiles(const QVector<CatalogProfile> &profiles) { m_profiles = profiles; }
+
+    /// The item `id`; null for an unknown id. The empty id gives the root of a loaded catalog.
+    QSharedPointer<CatalogItem> findItemById(const QString &id) const { return m_items.value(id); }
+    /// The item that answers for `code`, as `getItem` gives it; null for an unknown code.
+    QSharedPointer<CatalogItem> findItem(const QString &code) const { return m_itemsByCode.value(code); }
+    /// Every code for which an item answers, sorted by code unit; the empty code is left out. Made anew by
+    /// each call.
+    QStringList codes() const;
+    /// \}
+
 private:
     using ItemTable = QHash<QString, QSharedPointer<CatalogItem>>;
 
@@ -99,6 +130,9 @@ private:
     QString m_profile;
     // By profile key. Filled by the loader.
     QHash<QString, QHash<QString, QString>> m_continousDefectCodes;
+    CatalogReadFailure m_failure;
+    // In the order of choice. Filled by the loader.
+    QVector<CatalogProfile> m_profiles;
     const std::unique_ptr<ParentLoops> m_parentLoops;
 };
 

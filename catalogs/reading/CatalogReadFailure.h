@@ -1,6 +1,8 @@
 // Why a catalog file could not be read, for the author who has to fix the file. A plain value.
 #pragma once
 
+#include "catalogs/CatalogsExport.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -28,6 +30,14 @@ struct CatalogReadFailure
     QString record;
     /// Names of the fields that are missing or empty in the refused record, in a fixed order.
     QStringList missingFields;
+
+    /// What is wrong, in English, without the place and without a full stop; empty when nothing failed.
+    ORVIDA_CATALOGS_EXPORT QString problem() const;
+    /// How to fix it, likewise.
+    ORVIDA_CATALOGS_EXPORT QString remedy() const;
+    /// Place, problem and remedy in sentences, for a message box: "Line 12, column 11: CATPRO record without
+    /// PRO_PK. To fix it, give the record ..."; empty when nothing failed.
+    ORVIDA_CATALOGS_EXPORT QString text() const;
 };
 
 } // namespace Orvida::Catalogs

@@ -2,6 +2,7 @@
 
 #include "catalogs/format/CatalogFormat.h"
 #include "catalogs/reading/ScrambledText.h"
+#include "docs/generator/PageParts.h"
 
 namespace Orvida::Format {
 
@@ -137,34 +138,18 @@ QString fieldTables()
     return tables;
 }
 
-struct Part
-{
-    QLatin1String name;
-    QString (*text)();
-};
-
-const Part pageParts[] = {
-    {QLatin1String("records"), recordTable},    {QLatin1String("picture"), picture},
-    {QLatin1String("kinds"), kindTable},        {QLatin1String("scrambling"), scramblingTable},
-    {QLatin1String("required"), requiredTable}, {QLatin1String("fields"), fieldTables},
-};
-
 } // namespace
 
 QString FormatPage::updated(const QString &page, QStringList &absent)
 {
-    const QString endMark = QStringLiteral("<!-- end -->\n");
-    QString result = page;
-    for (const Part &part : pageParts) {
-        const QString mark = filled("<!-- made by the build: %1 -->\n", part.name);
-        const int start = result.indexOf(mark) + mark.size();
-        const int end = result.indexOf(endMark, start);
-        if (start < mark.size() || end < 0)
-            absent.append(part.name);
-        else
-            result.replace(start, end - start, QLatin1Char('\n') + part.text() + QLatin1Char('\n'));
-    }
-    return result;
+    return Docs::withParts(page,
+                           {{QLatin1String("records"), recordTable},
+                            {QLatin1String("picture"), picture},
+                            {QLatin1String("kinds"), kindTable},
+                            {QLatin1String("scrambling"), scramblingTable},
+                            {QLatin1String("required"), requiredTable},
+                            {QLatin1String("fields"), fieldTables}},
+                           absent);
 }
 
 } // namespace Orvida::Format

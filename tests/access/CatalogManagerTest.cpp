@@ -33,8 +33,8 @@ QByteArray catalogOf(const QByteArray &style)
 // Records signals while it lives. Emissions never overlap, so any thread may cause them.
 struct Signals
 {
-    const int catalogType = qRegisterMetaType<CatalogSptr>("CatalogSptr");
-    const int identifierType = qRegisterMetaType<QString>("Orvida::Base::GUID");
+    const bool areTypesRegistered = (CatalogManager::registerMetaTypes(), true);
+
     QSignalSpy ready{&manager(), &CatalogManager::catalogReady};
     QSignalSpy failed{&manager(), &CatalogManager::failedToLoadCatalog};
 };
@@ -95,6 +95,13 @@ void CatalogManagerTest::describesItsSignals()
     QCOMPARE(meta->indexOfSignal("failedToLoadCatalog(Orvida::Base::GUID)"), meta->methodOffset() + 1);
     for (const char *type : {"CatalogSptr", "Orvida::Base::GUID"})
         QCOMPARE(QMetaType::type(type), int(QMetaType::UnknownType));
+    for (int signal = meta->methodOffset(); signal < meta->methodCount(); ++signal) {
+        int argument = 0;
+        int type = 0;
+        void *query[] = {&type, &argument};
+        QMetaObject::metacall(&manager(), QMetaObject::RegisterMethodArgumentMetaType, signal, query);
+        QCOMPARE(type, -1);
+    }
 }
 
 // Folder, name and path: nothing is added or normalised.
@@ -142,6 +149,8 @@ void CatalogManagerTest::triesAFailedCatalogAgain()
     files.add(id, m_folder.write(id, catalogOf("1").chopped(3)));
     const CatalogSptr second = manager().getCatalog(id);
     QVERIFY(first && second && first != second && !first->IsValid() && !second->IsValid());
+    QCOMPARE(summaryOf(first->failure()), text("not read"));
+    QCOMPARE(summaryOf(second->failure()), text("not well-formed at 3:87"));
     QCOMPARE(QList<QVariantList>(sent.failed), QList<QVariantList>({{id}, {id}}));
     m_folder.write(id, catalogOf("1"));
     const CatalogSptr loaded = manager().getCatalog(id);

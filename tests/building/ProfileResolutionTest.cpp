@@ -23,13 +23,18 @@ QByteArray marked(const QByteArray &profileKey, const QByteArray &marks)
     return "<CPX><CPX_PK>X</CPX_PK><CPX_Profile_FK>" + profileKey + "</CPX_Profile_FK>" + marks + "</CPX>";
 }
 
-// The index in the file of the profile that is chosen among profiles with these sort orders.
+// The index in the file of the profile that is chosen among profiles with these sort orders, which is then
+// the first of those that the catalog offers; -1 when the catalog offers others.
 int chosenIndex(const Numbers &sortOrders)
 {
     QByteArray profiles;
     for (int index = 0; index < sortOrders.size(); ++index)
         profiles += profile(QByteArray::number(index), sortOrders.at(index));
-    return loaded(profiles)->profile().toInt();
+    const auto catalog = loaded(profiles);
+    const auto &offered = catalog->profiles();
+    return offered.size() == sortOrders.size() && offered.first().key == catalog->profile()
+               ? catalog->profile().toInt()
+               : -1;
 }
 
 } // namespace
@@ -43,6 +48,7 @@ private Q_SLOTS:
     void choosesOneProfile();
     void choosesAmongEqualSortOrdersAsWritten_data();
     void choosesAmongEqualSortOrdersAsWritten();
+    void offersEachKeyOnceByAscendingSortOrder();
 };
 
 void ProfileResolutionTest::choosesOneProfile_data()
@@ -110,6 +116,22 @@ void ProfileResolutionTest::choosesAmongEqualSortOrdersAsWritten()
     QCOMPARE(chosenIndex({14, 0, 3,  7,  6,  5, 8,  0,  0,  15, 17, 19, 21, 23, 25, 27, 29, 31,
                           33, 2, 16, 11, 18, 1, 20, 12, 22, 4,  24, 9,  26, 13, 28, 10, 30, 32}),
              7);
+}
+
+// A mark changes the choice, not the order.
+void ProfileResolutionTest::offersEachKeyOnceByAscendingSortOrder()
+{
+    const auto described = [](QByteArray record, const QByteArray &description) {
+        return record.replace("</CATPRO>", "<PRO_Description>" + description + "</PRO_Description></CATPRO>");
+    };
+    const auto catalog = loaded(described(profile("A", 3), "late") + described(profile("B", 2), "second")
+                                + described(profile("A", 1), "first") + profile("b", -1)
+                                + marked("B", "<CPX_IsStart>true</CPX_IsStart>"));
+    QStringList offered;
+    for (const auto &profile : catalog->profiles())
+        offered << profile.key + text(": ") + profile.description;
+    QCOMPARE(offered, QStringList({text("b: "), text("A: first"), text("B: second")}));
+    QCOMPARE(catalog->profile(), text("B"));
 }
 
 QTEST_GUILESS_MAIN(ProfileResolutionTest)

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void choosesWhoAnswersForACode();
     void cutsLoopsInOnePlaceWhenDestroyed();
     void skipsEmptyPointers();
+    void findsWithoutInserting();
 };
 
 void CatalogTest::startsEmptyAndInsertsUnknownKeys()
@@ -122,6 +123,22 @@ void CatalogTest::skipsEmptyPointers()
     catalog->setStatus(Catalog::Loaded);
     QVERIFY(!catalog->getItemById(text("empty")));
     QCOMPARE(catalog->getItemById(text(""))->getChildItems().size(), 1);
+}
+
+// A pointer that an earlier look-up has added is no item.
+void CatalogTest::findsWithoutInserting()
+{
+    const CatalogSptr catalog = makeCatalog(text("C: A:C:b B:C:a a:A:b"));
+    catalog->setStatus(Catalog::Loaded);
+    QVERIFY(!catalog->getItem(text("added")) && !catalog->getItemById(text("added")));
+    const int items = catalog->getCatalogItems().size();
+    const Catalog &found = *catalog;
+    QCOMPARE(found.findItemById(text("A"))->id(), text("A"));
+    QCOMPARE(found.findItem(text("b"))->id(), text("a"));
+    QCOMPARE(found.findItemById(QString()), catalog->getItem(QString()));
+    QVERIFY(!found.findItemById(text("other")) && !found.findItem(text("B")));
+    QCOMPARE(found.codes(), QStringList({text("a"), text("b")}));
+    QCOMPARE(catalog->getCatalogItems().size(), items);
 }
 
 QTEST_GUILESS_MAIN(CatalogTest)

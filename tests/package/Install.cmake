@@ -3,7 +3,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
 file(REMOVE_RECURSE ${PREFIX})
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${PREFIX})
 
-foreach(folder catalogs shared)
+foreach(folder catalogs checking models shared)
   file(GLOB_RECURSE expected RELATIVE ${SOURCE_DIR} ${SOURCE_DIR}/${folder}/*.h)
   list(FILTER expected EXCLUDE REGEX "_p\\.h$")
   file(GLOB_RECURSE installed RELATIVE ${PREFIX}/${INCLUDEDIR}/orvida

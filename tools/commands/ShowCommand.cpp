@@ -5,6 +5,7 @@
 #include "tools/ExitStatus.h"
 #include "tools/FieldProperties.h"
 #include "tools/LoadReport.h"
+#include "tools/Messages.h"
 #include "tools/NearNames.h"
 #include "tools/Options.h"
 #include "tools/TreeView.h"
@@ -20,11 +21,6 @@ using Catalogs::Catalog;
 using Catalogs::CatalogInputField;
 using Catalogs::CatalogItem;
 using Items = QList<QSharedPointer<CatalogItem>>;
-
-QString counted(int count, const QString &noun)
-{
-    return QStringLiteral("%1 %2%3").arg(count).arg(noun, count == 1 ? QString() : QStringLiteral("s"));
-}
 
 QString summary(const CatalogFile &file)
 {

@@ -1,0 +1,61 @@
+# The examples build against the installed package and do what they are there for.
+include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
+set(build ${SCRATCH_DIR}/examples)
+run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/examples -B ${build} -G ${GENERATOR}
+  -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_PREFIX_PATH=${PREFIX} -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-Werror\ -Wall)
+run(${CMAKE_COMMAND} --build ${build})
+
+set(bad ${SCRATCH_DIR}/bad.xml)
+file(WRITE ${bad} "<OVCAT>\n<CLASS><CLASS_PK>A</CLASS_PK></CLASS>\n<CATPRO/>\n</OVCAT>\n")
+
+# The minimal host: what it prints of a code of the sample, of a file that does not load, and of the sample.
+set(host ${build}/minimal-host/minimal-host)
+execute_process(COMMAND ${host} ${SAMPLES} tunnels ERG OUTPUT_VARIABLE printed)
+execute_process(COMMAND ${host} ${SCRATCH_DIR}/ bad OUTPUT_VARIABLE output)
+string(APPEND printed "${output}")
+set(expected "ERG  Regard\n  Partie d'ouvrage\n  Repère ou numéro *\nLine 3, column 10: CATPRO record without PRO_PK. \
+To fix it, give the record a PRO_PK that is not empty, or remove the record; one such record keeps the whole \
+catalog from loading.\n")
+if(NOT printed STREQUAL expected)
+  message(SEND_ERROR "minimal-host printed:\n${printed}expected:\n${expected}")
+endif()
+run(${host} ${SAMPLES} tunnels)
+if(NOT output MATCHES "^\\* Inspection détaillée d'un tunnel routier\n  [^\n]*\n  [^\n]*\nECA ECAD ")
+  message(SEND_ERROR "minimal-host printed of the sample:\n${output}")
+endif()
+
+# The guide's code is that of guide.cpp, whatever its indentation, and does what the guide says.
+file(READ ${SOURCE_DIR}/docs/host-guide.md guide)
+file(READ ${SOURCE_DIR}/tests/examples/guide.cpp code)
+string(REGEX MATCH "## Loading without blocking.*\n## Your own host layer" guide "${guide}")
+string(REGEX REPLACE "\n +" "\n" guide "${guide}")
+string(REGEX REPLACE "\n +" "\n" code "${code}")
+string(REPLACE ";" "<semicolon>" guide "${guide}")
+string(REPLACE ";" "<semicolon>" code "${code}")
+string(REGEX MATCHALL "```cpp\n[^`]*```" blocks "${guide}")
+foreach(block IN LISTS blocks)
+  string(REGEX REPLACE "```(cpp\n)?" "" block "${block}")
+  string(FIND "${code}" "${block}" position)
+  if(position EQUAL -1)
+    message(SEND_ERROR "tests/examples/guide.cpp does not have this of docs/host-guide.md:\n${block}")
+  endif()
+endforeach()
+list(LENGTH blocks count)
+if(count LESS 8)
+  message(SEND_ERROR "the host guide shows ${count} blocks of code only")
+endif()
+get_filename_component(samples ${SAMPLES} DIRECTORY)
+execute_process(COMMAND ${build}/guide-check ${samples} ${SCRATCH_DIR}/ RESULT_VARIABLE result ERROR_VARIABLE printed)
+set(failure "Line 3, column 10: CATPRO record without PRO_PK. To fix it, give the record a PRO_PK that is not empty, \
+or remove the record; one such record keeps the whole catalog from loading.")
+set(expected "unknown code\n2\n${failure}\n3:10\nIs the drive connected? No such file or directory\ntunnels\n")
+if(NOT result EQUAL 0 OR NOT printed STREQUAL expected)
+  message(SEND_ERROR "guide-check: ${result}\n${printed}expected:\n${expected}")
+endif()
+
+if(EXISTS ${build}/viewer-check)
+  set(ENV{QT_QPA_PLATFORM} offscreen)
+  run(${build}/viewer-check ${SAMPLES}tunnels.xml ${bad} ${SOURCE_DIR}/docs/viewer.png)
+else()
+  message(STATUS "The viewer is left out: Qt Widgets is not installed")
+endif()
