@@ -25,7 +25,7 @@ public:
     };
 
     /// What concerns other profiles than `onlyProfile` is left out, unless it is null.
-    EditionPair(const Edition &oldEdition, const Edition &newEdition, const QString &onlyProfile);
+    EditionPair(const Edition &before, const Edition &after, const QString &onlyProfile);
 
     /// Whether the profile is in both editions, and asked for.
     bool isCompared(int profile) const { return m_isCompared[std::size_t(profile)]; }
