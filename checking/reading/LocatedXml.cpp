@@ -107,11 +107,10 @@ QStringList PlainXml::attributeNames() const
     return names;
 }
 
+// As for the other reader, a reference to a blank is none.
 bool PlainXml::isWhitespace() const
 {
-    return m_type == QXmlStreamReader::Characters && std::all_of(m_text.begin(), m_text.end(), [](QChar c) {
-               return c.unicode() < 0x80 && isSpace(char(c.unicode()));
-           });
+    return m_type == QXmlStreamReader::Characters && std::all_of(m_bytes.begin(), m_bytes.end(), isSpace);
 }
 
 // Moves the position over the bytes of the token. A byte-order mark counts nothing.

@@ -48,7 +48,7 @@ QString differenceIn(const QByteArray &document, bool &isPlain)
 
 QByteArray smallDocument()
 {
-    return "\xEF\xBB\xBF<?xml version='1.0'?>\r\n<!-- \xC3\xA9 -->\n<a  b='1\n2' c=\"'\"\r\n>"
+    return "\xEF\xBB\xBF<?xml version='1.0'?>\r\n<!-- \xC3\xA9 -->\n<a  b='1\n2' c=\"3\"\r\n>"
            "\t\xF0\x9F\x9A\x87&amp;\xE2\x82\xAC x<b/><c d='='/>\r\n &#32;\n<!--\r\ncheck: off--> \xC3\xA9]"
            "<d>&#233;</d\n></a>\n ";
 }
