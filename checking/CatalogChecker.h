@@ -73,8 +73,10 @@ public:
     /// form: what it would say if the scrambled one had the same lines and columns.
     const Catalogs::CatalogReadFailure &failure() const;
 
-private:
+    /// For this library's own use.
     struct Private;
+
+private:
     const std::unique_ptr<Private> m_private;
 };
 

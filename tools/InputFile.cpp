@@ -65,6 +65,17 @@ QString InputFile::shortName() const
     return isStandardInput() ? name() : QFileInfo(m_fileName).fileName();
 }
 
+QString InputFile::otherFormText(TextForm form) const
+{
+    if (m_form.value_or(form) == form)
+        return QString();
+    if (form == TextForm::Readable)
+        return QStringLiteral("the file is scrambled already; leave --readable out");
+    return QStringLiteral(
+        "this is the readable form of a catalog, and hosts read nothing of its captions and "
+        "codes; use --readable, or scramble the file");
+}
+
 bool InputFile::isStandardInput() const
 {
     return m_fileName == QLatin1String("-");

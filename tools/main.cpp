@@ -4,6 +4,7 @@
 #include "tools/ProcessSetup.h"
 
 #include "tools/commands/CheckCommand.h"
+#include "tools/commands/DiffCommand.h"
 #include "tools/commands/ExplainCommand.h"
 #include "tools/commands/ExportCommand.h"
 #include "tools/commands/FormCommand.h"
@@ -26,6 +27,7 @@ std::vector<std::unique_ptr<Command>> makeCommands()
     std::vector<std::unique_ptr<Command>> commands;
     commands.push_back(std::make_unique<ShowCommand>());
     commands.push_back(std::make_unique<JsonCommand>());
+    commands.push_back(std::make_unique<DiffCommand>());
     commands.push_back(std::make_unique<HtmlCommand>());
     commands.push_back(std::make_unique<FormCommand>(TextForm::Scrambled));
     commands.push_back(std::make_unique<FormCommand>(TextForm::Readable));

@@ -24,8 +24,6 @@ constexpr std::size_t mostOpenElements = 5;
 // No directive is that long.
 constexpr int longestDirective = 4000;
 constexpr QLatin1String directiveStart("check:", 6);
-// The namespace of attributes such as xsi:schemaLocation.
-constexpr QLatin1String schemaNamespace("http://www.w3.org/2001/XMLSchema-instance", 41);
 
 bool isRecord(Section section)
 {
@@ -80,7 +78,7 @@ bool isWholeText(QStringView decoded, int pairs)
 
 } // namespace
 
-CatalogLocator::CatalogLocator(QXmlStreamReader &xml, CatalogReadFailure &refusal, Catalogs::TextPool &pool,
+CatalogLocator::CatalogLocator(LocatedXml &xml, CatalogReadFailure &refusal, Catalogs::TextPool &pool,
                                LocatedCatalog &catalog)
     : m_xml(xml), m_refusal(refusal), m_pool(pool), m_catalog(catalog)
 {
@@ -89,9 +87,7 @@ CatalogLocator::CatalogLocator(QXmlStreamReader &xml, CatalogReadFailure &refusa
 void CatalogLocator::seeOutside()
 {
     switch (m_xml.tokenType()) {
-    case QXmlStreamReader::StartDocument:
-        m_catalog.declaredEncoding = m_xml.documentEncoding().toString();
-        break;
+    case QXmlStreamReader::StartDocument: m_catalog.declaredEncoding = m_xml.documentEncoding(); break;
     case QXmlStreamReader::StartElement: openOutside(); break;
     case QXmlStreamReader::EndElement: close(); break;
     case QXmlStreamReader::Characters: seeStrayText(-1); break;
@@ -159,7 +155,7 @@ bool CatalogLocator::goesOnAfterRefusal()
     return true;
 }
 
-void CatalogLocator::skip(QXmlStreamReader &xml)
+void CatalogLocator::skip(LocatedXml &xml)
 {
     const std::size_t depth = m_stack.size();
     startSkipping();
@@ -193,13 +189,6 @@ CatalogReadFailure CatalogLocator::finish()
     for (std::size_t i = first; i < m_stack.size(); ++i)
         m_catalog.openElements.push_back({m_stack[i].name, m_stack[i].start});
     return m_firstRefusal;
-}
-
-// After the current token. To know that a text ends, the reader has read one character more.
-Position CatalogLocator::here() const
-{
-    const bool isAhead = m_xml.tokenType() == QXmlStreamReader::Characters && !m_xml.isCDATA();
-    return {quint32(m_xml.lineNumber()), quint32(m_xml.columnNumber() + (isAhead ? 0 : 1))};
 }
 
 Symbol CatalogLocator::symbolOf(QStringView shownText)
@@ -263,17 +252,11 @@ void CatalogLocator::openOutside()
     foldOpen();
 }
 
-// Attributes such as xml:lang and xsi:schemaLocation are meant for other programs.
 void CatalogLocator::seeAttributes(int record)
 {
-    const QXmlStreamAttributes attributes = m_xml.attributes();
-    for (const QXmlStreamAttribute &attribute : attributes) {
-        const bool isForOthers =
-            attribute.prefix() == QLatin1String("xml") || attribute.namespaceUri() == schemaNamespace;
-        if (!isForOthers)
-            note(Incident::IgnoredAttribute, record, m_stack.back().start, m_stack.back().name,
-                 symbolOf(attribute.qualifiedName()));
-    }
+    const QStringList names = m_xml.attributeNames();
+    for (const QString &name : names)
+        note(Incident::IgnoredAttribute, record, m_stack.back().start, m_stack.back().name, symbolOf(name));
 }
 
 void CatalogLocator::seeStrayText(int record)
@@ -348,7 +331,6 @@ void CatalogLocator::openInside(int field)
     if (m_stack.back().field >= 0)
         cutBy(QString(QLatin1Char('<') + m_xml.name() + QLatin1Char('>')));
     const Open parent = m_stack.back();
-    const Section section = CCatalogTokenizer::stringToCatalogToken(m_xml.name());
     Open &element = open(field != 0 ? Open::Field : Open::Other);
     if (field != 0) {
         element.token = quint8(field);
@@ -358,7 +340,8 @@ void CatalogLocator::openInside(int field)
             note(Incident::NestedField, m_record, element.start, element.name, parent.name);
         m_isStyleTag =
             m_catalog.record(m_record).kind == Section::CATALOG && field == int(CatalogInfoToken::CAT_Style);
-    } else if (isRecord(section)) {
+    } else if (const Section section = CCatalogTokenizer::stringToCatalogToken(m_xml.name());
+               isRecord(section)) {
         openLostRecord(section, m_catalog.record(m_record).kind == Section::CATALOG ? LocatedRecord::Wrapped
                                                                                     : LocatedRecord::Nested);
     } else if (parent.role == Open::LostRecord) {

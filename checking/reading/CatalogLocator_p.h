@@ -4,11 +4,11 @@
 #include "catalogs/reading/CatalogReadFailure.h"
 #include "catalogs/reading/TextPool_p.h"
 #include "checking/reading/LocatedCatalog_p.h"
+#include "checking/reading/LocatedXml_p.h"
 
 #include <QPair>
 #include <QStringRef>
 #include <QStringView>
-#include <QXmlStreamReader>
 
 #include <functional>
 #include <utility>
@@ -22,7 +22,7 @@ class CatalogLocator
 public:
     /// Watches a reader that reads from `xml` and reports a refused record in `refusal`. Fills `catalog`,
     /// whose `isReadable` says in which form the file is.
-    CatalogLocator(QXmlStreamReader &xml, Catalogs::CatalogReadFailure &refusal, Catalogs::TextPool &pool,
+    CatalogLocator(LocatedXml &xml, Catalogs::CatalogReadFailure &refusal, Catalogs::TextPool &pool,
                    LocatedCatalog &catalog);
 
     /// Is called every thousand records or so.
@@ -35,7 +35,7 @@ public:
     void seeInside(int field);
     bool isEmpty(const Catalogs::CatalogFormat::Field &field) const;
     bool goesOnAfterRefusal();
-    void skip(QXmlStreamReader &xml);
+    void skip(LocatedXml &xml);
 
     /// To be called when nothing more is read. Gives the first refusal, or no failure.
     Catalogs::CatalogReadFailure finish();
@@ -65,7 +65,7 @@ private:
         int inner = 0;     ///< how many elements without a role are open directly inside, one in the other
     };
 
-    Position here() const;
+    Position here() const { return m_xml.position(); }
     Symbol symbolOf(QStringView shownText);
     void note(Incident::Kind kind, int record, Position at, Symbol name = 0, Symbol detail = 0,
               Symbol cutter = 0);
@@ -100,7 +100,7 @@ private:
     void addLostKey();
     void finishLostRecord(int index);
 
-    QXmlStreamReader &m_xml;
+    LocatedXml &m_xml;
     Catalogs::CatalogReadFailure &m_refusal;
     Catalogs::TextPool &m_pool;
     LocatedCatalog &m_catalog;

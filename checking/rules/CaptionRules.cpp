@@ -191,6 +191,17 @@ void forEachPlaceholder(QStringView text, Visit visit)
     }
 }
 
+} // namespace
+
+std::vector<QStringView> placeholdersIn(QStringView text)
+{
+    std::vector<QStringView> placeholders;
+    forEachPlaceholder(text, [&](QStringView placeholder) { placeholders.push_back(placeholder); });
+    return placeholders;
+}
+
+namespace {
+
 bool isPlaceholder(QStringView text)
 {
     return text.size() > 1 && text.at(0) == QLatin1Char('@')

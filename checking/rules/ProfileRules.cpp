@@ -144,6 +144,11 @@ void reportTie(Check &check, const Marks &marks, int other)
 
 } // namespace
 
+int chosenProfile(const Check &check)
+{
+    return marksOf(check).chosen;
+}
+
 bool hasNoProfile(const Check &check)
 {
     const auto &records = check.catalog.records;

@@ -36,8 +36,8 @@ FindingsDock::FindingsDock(QWidget *parent)
 
 FindingsDock::~FindingsDock()
 {
-    if (m_thread)
-        m_thread->wait();
+    for (QThread *thread : findChildren<QThread *>())
+        thread->wait();
 }
 
 void FindingsDock::check(const QString &fileName)

@@ -16,7 +16,7 @@ class FindingsDock : public QDockWidget
 
 public:
     explicit FindingsDock(QWidget *parent = nullptr);
-    /// Waits for a check that is running.
+    /// Waits for the checks that are running.
     ~FindingsDock() override;
 
     /// Checks the file `fileName`; its findings replace those of the last file.
@@ -30,5 +30,5 @@ private:
     void list(const QVector<Orvida::Checking::CatalogFinding> &findings);
 
     QTreeWidget *m_list;
-    QThread *m_thread = nullptr; // of the check that is running
+    QThread *m_thread = nullptr; // of the last check, while it runs
 };

@@ -57,7 +57,11 @@ MainWindow::MainWindow()
     connect(&m_tree, &CatalogTreeModel::profileChanged, m_form, &CodeForm::rebuild);
 }
 
-MainWindow::~MainWindow() = default;
+// The view is destroyed after the models.
+MainWindow::~MainWindow()
+{
+    m_treeView->setModel(nullptr);
+}
 
 void MainWindow::openFile(const QString &fileName)
 {
@@ -111,11 +115,17 @@ void MainWindow::search(const QString &text)
         return;
     m_treeView->expandAll();
     statusBar()->showMessage(tr("%n matches", nullptr, m_search.matchCount()));
-    selectFirstMatch();
+    selectBestMatch(text.trimmed());
 }
 
-void MainWindow::selectFirstMatch()
+// The code that was typed, else the first match.
+void MainWindow::selectBestMatch(const QString &text)
 {
+    for (const QString &code : {text, text.toUpper()}) {
+        const QModelIndex index = m_search.mapFromSource(m_tree.indexOfCode(code));
+        if (index.isValid())
+            return m_treeView->setCurrentIndex(index);
+    }
     for (QModelIndex index = m_search.index(0, 0); index.isValid(); index = m_treeView->indexBelow(index)) {
         if (index.data(CatalogSearchModel::IsMatchRole).toBool()) {
             m_treeView->setCurrentIndex(index);

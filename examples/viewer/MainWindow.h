@@ -43,7 +43,7 @@ private:
     void showFailure(const QString &fileName, const Orvida::Catalogs::CatalogReadFailure &failure);
     void showProfiles();
     void search(const QString &text);
-    void selectFirstMatch();
+    void selectBestMatch(const QString &text);
     void showCurrentItem();
     void makeMenu();
     QWidget *makeTreeSide();

@@ -40,8 +40,8 @@ void FormCommand::addOptions(CLI::App &command)
     m_options.addTo(command);
     command.add_flag(
         "--force", m_isForced,
-        "Also change a file that seems to have this form already, texts of which a load takes only\n"
-        "the first piece, and digits in lower case");
+        "Change what is refused otherwise: a file that seems to have this form already, the first piece\n"
+        "of a text in pieces, digits in lower case");
 }
 
 int FormCommand::run()
@@ -55,7 +55,7 @@ int FormCommand::run()
     }
     const FormChange change(input.bytes());
     if (change.failure()) {
-        printFailure(input.name(), *change.failure());
+        printFailure(input.name(), explained(*change.failure(), input.path()));
         return NotReadable;
     }
     if (refuses(change, input.name()))

@@ -2,7 +2,7 @@
 // back.
 #pragma once
 
-#include "tools/ChangeOptions.h"
+#include "tools/RewriteOptions.h"
 #include "tools/TextForm.h"
 #include "tools/commands/Command.h"
 
@@ -24,7 +24,7 @@ private:
     QByteArray changed(const FormChange &change, const QString &name, int &status) const;
 
     const TextForm m_target;
-    ChangeOptions m_options;
+    RewriteOptions m_options;
     bool m_isForced = false;
 };
 

@@ -1,7 +1,7 @@
 // orvida-catalog format: lays a catalog file out.
 #pragma once
 
-#include "tools/ChangeOptions.h"
+#include "tools/RewriteOptions.h"
 #include "tools/commands/Command.h"
 
 #include <QByteArray>
@@ -18,7 +18,7 @@ public:
 private:
     void addOptions(CLI::App &command) override;
 
-    ChangeOptions m_options;
+    RewriteOptions m_options;
     bool m_isCheck = false;
 };
 

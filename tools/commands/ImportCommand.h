@@ -1,7 +1,7 @@
 // orvida-catalog import: puts the translations of a table into a catalog.
 #pragma once
 
-#include "tools/ChangeOptions.h"
+#include "tools/RewriteOptions.h"
 #include "tools/commands/Command.h"
 #include "tools/translation/CsvText.h"
 #include "tools/translation/TranslatableTexts.h"
@@ -20,7 +20,7 @@ private:
     void addOptions(CLI::App &command) override;
     [[nodiscard]] bool readTable(QVector<CsvText::Row> &rows) const;
 
-    ChangeOptions m_options;
+    RewriteOptions m_options;
     QString m_tableName;
 };
 

@@ -3,6 +3,7 @@
 
   manual.py TOOL VERSION FOLDER    TOOL is the program; the files are written below FOLDER
 """
+import gzip
 import os
 import re
 import subprocess
@@ -158,8 +159,11 @@ def zsh_completion(top, commands):
 
 def write(folder, name, text):
     os.makedirs(folder, exist_ok=True)
-    with open(os.path.join(folder, name), "w", encoding="utf-8") as file:
-        file.write(text)
+    content = text.encode()
+    if name.endswith(".gz"):
+        content = gzip.compress(content, mtime=0)  # the same bytes whenever it is made
+    with open(os.path.join(folder, name), "wb") as file:
+        file.write(content)
 
 
 def main():
@@ -170,7 +174,7 @@ def main():
     pages.update({"orvida-catalog-" + name: help_text for name, help_text in commands.items()})
     for name, help_text in pages.items():
         others = [other for other in pages if other != name] if name == "orvida-catalog" else ["orvida-catalog"]
-        write(os.path.join(folder, "man"), name + ".1", manual_page(name, help_text, version, others))
+        write(os.path.join(folder, "man"), name + ".1.gz", manual_page(name, help_text, version, others))
     write(folder, "orvida-catalog.bash", bash_completion(top, commands))
     write(folder, "_orvida-catalog", zsh_completion(top, commands))
 

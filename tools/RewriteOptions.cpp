@@ -1,4 +1,4 @@
-#include "tools/ChangeOptions.h"
+#include "tools/RewriteOptions.h"
 
 #include "tools/Messages.h"
 #include "tools/Options.h"
@@ -7,7 +7,7 @@
 
 namespace Orvida::Tools {
 
-void ChangeOptions::addTo(CLI::App &command)
+void RewriteOptions::addTo(CLI::App &command)
 {
     addInputFile(command, m_fileName);
     const auto output =
@@ -16,12 +16,12 @@ void ChangeOptions::addTo(CLI::App &command)
     command.add_flag("--in-place", m_isInPlace, "Write over FILE")->excludes(output);
 }
 
-OutputFile ChangeOptions::output() const
+OutputFile RewriteOptions::output() const
 {
     return OutputFile(m_isInPlace ? m_fileName : m_output.value_or(QStringLiteral("-")));
 }
 
-bool ChangeOptions::areUsable() const
+bool RewriteOptions::areUsable() const
 {
     const QString error = usageError();
     if (!error.isEmpty())
@@ -29,7 +29,7 @@ bool ChangeOptions::areUsable() const
     return error.isEmpty();
 }
 
-QString ChangeOptions::usageError() const
+QString RewriteOptions::usageError() const
 {
     const OutputFile target = output();
     if (m_isInPlace)

@@ -14,7 +14,7 @@ class App;
 namespace Orvida::Tools {
 
 /// FILE, --output and --in-place.
-class ChangeOptions
+class RewriteOptions
 {
 public:
     /// Adds the options; the object must live until the command line is parsed.
