@@ -50,7 +50,7 @@ CatalogFile CatalogFile::load(const Options &options)
 const CatalogXMLParser &CatalogFile::records()
 {
     if (!m_records) {
-        // What there is to log was logged by the load.
+        // The load has logged everything already.
         const LibraryOutput output(LibraryOutput::Nothing);
         m_records = std::make_unique<CatalogXMLParser>();
         QHash<QString, QSharedPointer<Catalogs::CatalogItem>> items;

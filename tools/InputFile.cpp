@@ -8,7 +8,7 @@ namespace Orvida::Tools {
 
 namespace {
 
-// Hands on what it reads from a file, and keeps a copy of it.
+// Reads a file, and keeps a copy of what it reads.
 class CopyingDevice : public QIODevice
 {
 public:

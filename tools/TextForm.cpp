@@ -25,7 +25,7 @@ bool isHex(const QStringRef &text)
     return std::all_of(text.cbegin(), text.cend(), isHexDigit);
 }
 
-// Counts the texts of either form. Blank ones have none.
+// Counts the texts of each form. White space alone has none.
 class FormCount
 {
 public:

@@ -152,6 +152,7 @@ bool CatalogLocator::goesOnAfterRefusal()
         m_firstRefusal = m_refusal;
     m_refusal = CatalogReadFailure();
     m_catalog.records[std::size_t(m_record)].state = LocatedRecord::Refused;
+    dropIfNeedless(m_record);
     return true;
 }
 
@@ -317,9 +318,18 @@ int CatalogLocator::addRecord(Section kind, LocatedRecord::State state, Symbol n
     record.name = name;
     record.start = start;
     m_catalog.records.push_back(record);
-    if (m_progress && m_catalog.recordCount() % 1024 == 0)
+    if (m_progress && ++m_addedRecords % 1024 == 0)
         m_progress();
     return m_catalog.recordCount() - 1;
+}
+
+// Lost records without any key are all alike, and millions of them would take more memory than the file.
+void CatalogLocator::dropIfNeedless(int record)
+{
+    const bool isLast = record == m_catalog.recordCount() - 1;
+    const bool isKnown = !m_catalog.incidents.empty() && m_catalog.incidents.back().record == record;
+    if (isLast && !isKnown && m_catalog.record(record).fieldCount == 0 && ++m_keylessCount > mostIncidents)
+        m_catalog.records.pop_back();
 }
 
 void CatalogLocator::openInside(int field)
@@ -611,6 +621,7 @@ void CatalogLocator::finishLostRecord(int index)
         m_catalog.fields.push_back(m_lostKeys.back().second);
         ++record.fieldCount;
     }
+    dropIfNeedless(index);
 }
 
 } // namespace Orvida::Checking

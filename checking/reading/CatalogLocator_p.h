@@ -79,6 +79,7 @@ private:
     void readDirective(QStringView text);
     void endDirectives();
 
+    void dropIfNeedless(int record);
     int addRecord(Section kind, LocatedRecord::State state, Symbol name, Position start);
     void openInside(int field);
     void seeText(int field);
@@ -106,6 +107,8 @@ private:
     LocatedCatalog &m_catalog;
     Catalogs::CatalogReadFailure m_firstRefusal;
     std::function<void()> m_progress;
+    int m_addedRecords = 0;
+    int m_keylessCount = 0;
     std::vector<Open> m_stack;
     Position m_tokenStart; ///< where the current token begins
     int m_incidentCounts[Incident::KindCount] = {};

@@ -223,9 +223,11 @@ public:
           m_parameters(std::size_t(check.catalog.texts.size()), -1),
           m_counts(m_parameters.size()),
           m_longerCounts(m_parameters.size()),
+          m_isAnywhere(m_parameters.size()),
           m_isIncomplete(check.links.items().size())
     {
         markPlaceholders();
+        markStrayFields();
         markLostFields();
     }
 
@@ -233,6 +235,7 @@ public:
 
 private:
     void markPlaceholders();
+    void markStrayFields();
     void markLostFields();
     void enter(int index, int sign);
     void reportUnknown(const CatalogLinks::Item &item);
@@ -250,6 +253,8 @@ private:
     std::vector<int> m_parameters;
     std::vector<int> m_counts;
     std::vector<int> m_longerCounts;
+    /// By text: whether it is the placeholder of a field that may belong to any code.
+    std::vector<bool> m_isAnywhere;
     std::unordered_map<Symbol, std::vector<Symbol>> m_beginnings;
     /// Of items: whether a field of theirs is lost, which may have any placeholder.
     std::vector<bool> m_isIncomplete;
@@ -264,6 +269,15 @@ void PlaceholderPath::markPlaceholders()
         if (placeholder != 0 && parameter < 0 && m_check.links.counts(record))
             parameter = record;
     });
+}
+
+// Fields without a known code.
+void PlaceholderPath::markStrayFields()
+{
+    for (const CatalogLinks::InputField &field : m_check.links.inputFields()) {
+        if (field.item < 0)
+            m_isAnywhere[std::size_t(placeholderOf(m_check, field))] = true;
+    }
 }
 
 void PlaceholderPath::markLostFields()
@@ -327,7 +341,9 @@ void PlaceholderPath::reportUnknown(const CatalogLinks::Item &item)
     std::set<QStringView> reported;
     forEachPlaceholder(m_check.text(text->value), [&](QStringView placeholder) {
         const Symbol symbol = m_check.catalog.texts.find(placeholder);
-        if ((symbol != 0 && m_counts[std::size_t(symbol)] > 0) || reported.count(placeholder) > 0)
+        const bool isKnown =
+            symbol != 0 && (m_counts[std::size_t(symbol)] > 0 || m_isAnywhere[std::size_t(symbol)]);
+        if (isKnown || reported.count(placeholder) > 0)
             return;
         if (reported.size() < mostRemembered)
             reported.insert(placeholder);

@@ -19,9 +19,9 @@ Type columnType(const Check &check, int column)
     return Catalogs::toColumnType(QStringRef(&text));
 }
 
-bool isComplete(const Check &check, const CatalogLinks::InputField &field)
+bool hasTypeAndColumn(const Check &check, const CatalogLinks::InputField &field)
 {
-    return field.item >= 0 && parameterType(check, field.parameter) != Type::Undefined
+    return parameterType(check, field.parameter) != Type::Undefined
            && !check.links.columns(field.column).isEmpty();
 }
 

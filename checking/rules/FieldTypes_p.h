@@ -20,8 +20,13 @@ inline bool isNumeric(Type type)
     return type == Type::Integer || type == Type::Decimal;
 }
 
-/// Whether a load builds the input field with all that belongs to it: its code, its parameter with a type,
-/// its column. Where something is missing, that is reported, and not what follows from it.
-bool isComplete(const Check &check, const CatalogLinks::InputField &field);
+/// Whether the type and the column of an input field are known. Otherwise that is reported, and nothing of
+/// its range, default and list.
+bool hasTypeAndColumn(const Check &check, const CatalogLinks::InputField &field);
+/// Whether, besides, its code is known.
+inline bool isComplete(const Check &check, const CatalogLinks::InputField &field)
+{
+    return field.item >= 0 && hasTypeAndColumn(check, field);
+}
 
 } // namespace Orvida::Checking

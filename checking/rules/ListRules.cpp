@@ -196,7 +196,7 @@ void findUnfitListValues(Check &check)
     check.forEachFieldAndColumn([&](const CatalogLinks::InputField &field, int column) {
         const int list =
             check.links.list(field.list, check.catalog.value(column, ColumnToken::COL_Profile_FK));
-        if (field.list == 0 || list < 0 || !isComplete(check, field))
+        if (field.list == 0 || list < 0 || !hasTypeAndColumn(check, field))
             return;
         const qint64 key = valuesKey(check, list);
         auto unfit = unfits.find(key);

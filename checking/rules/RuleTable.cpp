@@ -1060,7 +1060,8 @@ constexpr RuleRow valueRules[] = {
 
     {Rule::MandatoryHidden, "mandatory-hidden", warning, on, findHiddenMandatoryFields,
      "a field must be filled in, but cannot be",
-     "The field is mandatory and has no default, and a profile hides its column or lets it only be read.",
+     "The field is mandatory and has no default, and a profile hides its column or lets it only be read. One finding "
+     "for each column.",
      R"(<COL>
   <COL_Profile_FK>P</COL_Profile_FK><COL_Column_ID>FACE</COL_Column_ID>
   <COL_DataType>TXT</COL_DataType><COL_Visible>true</COL_Visible><COL_ReadOnly>true</COL_ReadOnly>
@@ -1746,8 +1747,8 @@ constexpr RuleRow captionRules[] = {
     {Rule::UnknownPlaceholder, "unknown-placeholder", warning, on, findUnknownPlaceholders,
      "an observation text has a placeholder that stands for nothing",
      "A placeholder is @ with letters, digits or _. It stands for a field of the code, or of one above it, whose "
-     "parameter has the same PARAM_Placeholder, letter case included. Nothing is said of codes with fields that "
-     "are incomplete.",
+     "parameter has the same PARAM_Placeholder, letter case included. Codes with incomplete fields are left alone, "
+     "and so are placeholders of fields whose code is unknown.",
      R"(<BASECODE>
   <BC_PK>BC-LEAK</BC_PK><BC_Class_FK>CL-LINING</BC_Class_FK><BC_Item>Leak</BC_Item>
   <BC_Code>LEA</BC_Code><BC_ObsText>Leak, @W wide</BC_ObsText><BC_SortOrder>30</BC_SortOrder>

@@ -216,7 +216,7 @@ void findHiddenMandatoryFields(Check &check)
         if (!isHidden && !check.catalog.flag(column, ColumnToken::COL_ReadOnly))
             return;
         const Place place = placeOf(check.catalog, field.record, Px::PX_Mandatory);
-        CatalogFinding *finding = check.add(Fault(Rule::MandatoryHidden, place).about(field.record));
+        CatalogFinding *finding = check.add(Fault(Rule::MandatoryHidden, place).about(field.column));
         if (!finding)
             return;
         finding->message =
@@ -382,7 +382,7 @@ void reportRangeOnText(Check &check, int record, Type type)
 void findBadRanges(Check &check)
 {
     for (const CatalogLinks::InputField &field : check.links.inputFields()) {
-        if (!isComplete(check, field))
+        if (!hasTypeAndColumn(check, field))
             continue;
         const Type type = parameterType(check, field.parameter);
         reportRangeOnText(check, field.record, type);
@@ -449,7 +449,7 @@ void findBadLengths(Check &check)
                 finding->message = QStringLiteral("%1 is below 0").arg(place.field);
         }
         const Type type = parameterType(check, field.parameter);
-        if (isNumeric(type) && isComplete(check, field))
+        if (isNumeric(type) && hasTypeAndColumn(check, field))
             reportDecimals(check, field.record, type);
     }
 }
@@ -474,7 +474,7 @@ void findBadDefaults(Check &check)
 {
     for (const CatalogLinks::InputField &field : check.links.inputFields()) {
         const Symbol text = check.catalog.value(field.record, Px::PX_Default);
-        if (text == 0 || !isComplete(check, field))
+        if (text == 0 || !hasTypeAndColumn(check, field))
             continue;
         const Type type = parameterType(check, field.parameter);
         const Place place = placeOf(check.catalog, field.record, Px::PX_Default);
@@ -529,7 +529,7 @@ void findDefaultsOutsideLists(Check &check)
     values.sort();
     check.forEachFieldAndColumn([&](const CatalogLinks::InputField &field, int column) {
         const Symbol text = check.catalog.value(field.record, Px::PX_Default);
-        if (text == 0 || field.list == 0 || !isComplete(check, field))
+        if (text == 0 || field.list == 0 || !hasTypeAndColumn(check, field))
             return;
         const int list =
             check.links.list(field.list, check.catalog.value(column, ColumnToken::COL_Profile_FK));
@@ -578,7 +578,7 @@ void findRangesWiderThanColumn(Check &check)
     check.forEachFieldAndColumn([&](const CatalogLinks::InputField &field, int column) {
         ColumnToken limit{};
         const LocatedField *wider = widerField(check, field.record, column, &limit);
-        if (!wider || !isComplete(check, field))
+        if (!wider || !hasTypeAndColumn(check, field))
             return;
         const Place place = placeOf(check.catalog, field.record, *wider);
         CatalogFinding *finding = check.add(Fault(Rule::RangeWiderThanColumn, place).about(field.record));

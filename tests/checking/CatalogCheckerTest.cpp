@@ -85,6 +85,8 @@ private Q_SLOTS:
     void tellsWhatIsWrongWithAFile_data();
     void tellsWhatIsWrongWithAFile();
     void listsSomeAndCountsAll();
+    void endsOnFilesMadeToBeSlow_data();
+    void endsOnFilesMadeToBeSlow();
     void doesWithRulesAsItIsTold();
     void readsTheReadableFormAsScrambled();
 
@@ -293,6 +295,36 @@ void CatalogCheckerTest::listsSomeAndCountsAll()
     checker.setFindingsPerRule(0);
     checker.check(path);
     QCOMPARE(listed(checker), 250);
+}
+
+void CatalogCheckerTest::endsOnFilesMadeToBeSlow_data()
+{
+    QTest::addColumn<QByteArray>("records");
+    const auto repeated = [](int count, const char *record) {
+        QByteArray result;
+        for (int number = 0; number < count; ++number)
+            result += text(record).arg(number).toUtf8();
+        return result;
+    };
+    const QByteArray classId = scrambledForm("<LC_Class_ID>L</LC_Class_ID></LC>");
+    QTest::newRow("one record with many values")
+        << "<CLASS><CLASS_PK>C</CLASS_PK>" + repeated(200000, "<CLASS_Remarks>%1</CLASS_Remarks>")
+               + "</CLASS>";
+    QTest::newRow("lists that share their entries")
+        << repeated(5000, "<LC><LC_PK>L</LC_PK><LC_Profile_FK>%1</LC_Profile_FK>@").replace("@", classId)
+               + repeated(5000,
+                          "<LIST><LIST_Class_FK>L</LIST_Class_FK><LIST_Internal>%1</LIST_Internal></LIST>");
+    QTest::newRow("followers that are no codes")
+        << "<CHAREXT><CE_PK>C</CE_PK><CE_Follower>" + repeated(100000, "%1 ") + "</CE_Follower></CHAREXT>";
+}
+
+// What takes the square of their size would take hours.
+void CatalogCheckerTest::endsOnFilesMadeToBeSlow()
+{
+    QFETCH(QByteArray, records);
+    CatalogChecker checker;
+    checker.setFindingsPerRule(0);
+    QVERIFY(checker.check(m_folder.write(text("catalog.xml"), catalogXml(records))));
 }
 
 void CatalogCheckerTest::doesWithRulesAsItIsTold()

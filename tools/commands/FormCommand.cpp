@@ -12,7 +12,7 @@ namespace {
 
 using Print = void (*)(const QString &file, FilePosition position, const QString &text);
 
-// The first hundred tell enough of a file that is as a whole not what it was taken for.
+// A hundred are enough when a file as a whole is not what it was taken for.
 void report(const QString &name, const QVector<FormChange::Note> &notes, Print print)
 {
     constexpr int most = 100;
