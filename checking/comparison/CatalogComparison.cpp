@@ -3,6 +3,7 @@
 #include "checking/comparison/ChangeTable_p.h"
 #include "checking/comparison/ColumnChanges_p.h"
 #include "checking/comparison/ColumnRelations_p.h"
+#include "checking/comparison/DefectCodeChanges_p.h"
 #include "checking/comparison/FieldChanges_p.h"
 #include "checking/comparison/HiddenChanges_p.h"
 #include "checking/comparison/ItemChanges_p.h"

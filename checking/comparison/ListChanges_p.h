@@ -1,4 +1,4 @@
-// Looks for changes to value lists and continuous-defect codes. For the comparison's own use.
+// Looks for changes to value lists. For the comparison's own use.
 #pragma once
 
 #include "checking/comparison/UsedLists_p.h"
@@ -10,7 +10,6 @@ namespace Orvida::Checking {
 
 /// Compares the lists that fields use in both editions.
 void findListChanges(EditionPair &pair, const UsedLists &lists);
-void findDefectCodeChanges(EditionPair &pair);
 
 /// Tells of changes to lists which codes they touch.
 class TouchedCodes

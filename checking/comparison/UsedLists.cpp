@@ -19,10 +19,10 @@ void UsedLists::add(Symbol oldId, Symbol newId, int newItem, const ProfilePairs:
 
 const ListRelation &UsedLists::relation(Symbol oldId, Symbol newId)
 {
-    std::shared_ptr<ListRelation> &known = m_relations[pairOf(oldId, newId)];
-    if (!known)
-        known = std::make_shared<ListRelation>(related(oldId, newId));
-    return *known;
+    const qint64 ids = pairOf(oldId, newId);
+    const auto known = m_relations.find(ids);
+    return known != m_relations.end() ? known->second
+                                      : m_relations.emplace(ids, related(oldId, newId)).first->second;
 }
 
 int UsedLists::oldRecord(Symbol id, int profile) const

@@ -5,7 +5,7 @@
 
 #include <QHash>
 
-#include <memory>
+#include <map>
 #include <vector>
 
 namespace Orvida::Checking {
@@ -63,7 +63,7 @@ private:
     const EditionPair &m_pair;
     std::vector<List> m_lists;
     QHash<Edition::Text, int> m_places;
-    QHash<qint64, std::shared_ptr<ListRelation>> m_relations;
+    std::map<qint64, ListRelation> m_relations;
 };
 
 } // namespace Orvida::Checking

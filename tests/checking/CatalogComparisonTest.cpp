@@ -211,7 +211,7 @@ void CatalogComparisonTest::tellsNothingOfTheSameCatalog()
 void CatalogComparisonTest::tellsWhatWasEdited_data()
 {
     QTest::addColumn<int>("seed");
-    for (int seed = 1; seed <= 40; ++seed)
+    for (int seed = 1; seed <= 25; ++seed)
         QTest::addRow("%d", seed) << seed;
 }
 
