@@ -396,7 +396,7 @@ def take_pictures(browser, page, folder):
         browser.call("Emulation.setEmulatedMedia", features=[{"name": "prefers-color-scheme", "value": scheme}])
         browser.open(page, anchor)
         if name == "page-search":
-            browser.type("calcite")
+            browser.type("piédroit")
         browser.run("new Promise(done => requestAnimationFrame(() => setTimeout(done, 200)))")
         picture = browser.call("Page.captureScreenshot", format="png", optimizeForSpeed=False)["data"]
         with open(os.path.join(folder, name + ".png"), "wb") as file:

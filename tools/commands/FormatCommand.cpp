@@ -2,8 +2,6 @@
 
 #include "tools/ExitStatus.h"
 #include "tools/InputFile.h"
-#include "tools/Options.h"
-#include "tools/OutputFile.h"
 #include "tools/layout/CatalogLayout.h"
 
 #include <CLI/CLI.hpp>
@@ -35,31 +33,17 @@ int reportDifference(const QString &name, const QByteArray &before, const QByteA
 
 void FormatCommand::addOptions(CLI::App &command)
 {
-    addInputFile(command, m_fileName);
-    const auto check =
-        command.add_flag("--check", m_isCheck, "Write nothing; exit with 1 when something would change");
-    const auto output =
-        addTextOption(command, "-o,--output", m_output, "Write here, and not to standard output")
-            ->option_text("OUT")
-            ->excludes(check);
-    command.add_flag("--in-place", m_isInPlace, "Write over FILE when something changes")
-        ->excludes(output)
-        ->excludes(check);
+    m_options.addTo(command);
+    command.add_flag("--check", m_isCheck, "Write nothing; exit with 1 when something would change")
+        ->excludes(command.get_option("--output"))
+        ->excludes(command.get_option("--in-place"));
 }
 
 int FormatCommand::run()
 {
-    const OutputFile output(m_isInPlace ? m_fileName : m_output.value_or(QStringLiteral("-")));
-    if (m_isInPlace && output.isStream()) {
-        printMessage(QStringLiteral("%1 cannot be written over; leave --in-place out").arg(m_fileName));
+    if (!m_isCheck && !m_options.areUsable())
         return WrongUsage;
-    }
-    if (!m_isInPlace && !m_isCheck && output.isSameAs(m_fileName)) {
-        printMessage(
-            QStringLiteral("%1 is the input itself; to write over it, use --in-place").arg(output.name()));
-        return WrongUsage;
-    }
-    InputFile input(m_fileName);
+    InputFile input(m_options.fileName());
     if (!input.read()) {
         printFailure(input.name(), input.failure());
         return NotReadable;
@@ -75,7 +59,9 @@ int FormatCommand::run()
                      QStringLiteral("the file is kept as it is: ") + layout.obstacle());
     if (m_isCheck)
         return reportDifference(input.name(), before, layout.document());
-    return m_isInPlace && layout.document() == before ? Done : output.write(layout.document(), Done);
+    if (m_options.isInPlace() && layout.document() == before)
+        return Done;
+    return m_options.output().write(layout.document(), Done);
 }
 
 } // namespace Orvida::Tools

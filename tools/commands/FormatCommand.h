@@ -1,12 +1,11 @@
 // orvida-catalog format: lays a catalog file out.
 #pragma once
 
+#include "tools/RewriteOptions.h"
 #include "tools/commands/Command.h"
 
 #include <QByteArray>
 #include <QString>
-
-#include <optional>
 
 namespace Orvida::Tools {
 
@@ -19,9 +18,7 @@ public:
 private:
     void addOptions(CLI::App &command) override;
 
-    QString m_fileName;
-    std::optional<QString> m_output;
-    bool m_isInPlace = false;
+    RewriteOptions m_options;
     bool m_isCheck = false;
 };
 

@@ -3,7 +3,6 @@
 #include "tools/ExitStatus.h"
 #include "tools/InputFile.h"
 #include "tools/Options.h"
-#include "tools/OutputFile.h"
 
 #include <CLI/CLI.hpp>
 #include <QFile>
@@ -100,23 +99,15 @@ private:
 
 void ImportCommand::addOptions(CLI::App &command)
 {
-    addInputFile(command, m_fileName);
+    m_options.addTo(command);
     addText(command, "TABLE", m_tableName, "The table that export wrote, with translations");
-    const auto output =
-        addTextOption(command, "-o,--output", m_output, "Write here, and not to standard output")
-            ->option_text("OUT");
-    command.add_flag("--in-place", m_isInPlace, "Write over FILE")->excludes(output);
 }
 
 int ImportCommand::run()
 {
-    const OutputFile output(m_isInPlace ? m_fileName : m_output.value_or(QStringLiteral("-")));
-    if (!m_isInPlace && output.isSameAs(m_fileName)) {
-        printMessage(
-            QStringLiteral("%1 is the input itself; to write over it, use --in-place").arg(output.name()));
+    if (!m_options.areUsable())
         return WrongUsage;
-    }
-    InputFile input(m_fileName);
+    InputFile input(m_options.fileName());
     if (!input.read()) {
         printFailure(input.name(), input.failure());
         return NotReadable;
@@ -137,7 +128,8 @@ int ImportCommand::run()
     if (translations.untranslatedCount() > 0)
         printMessage(QStringLiteral("%1 without translation")
                          .arg(counted(translations.untranslatedCount(), QStringLiteral("text"))));
-    return output.write(document, translations.hasRefused() || !left.isEmpty() ? AnswerIsNo : Done);
+    return m_options.output().write(document,
+                                    translations.hasRefused() || !left.isEmpty() ? AnswerIsNo : Done);
 }
 
 bool ImportCommand::readTable(QVector<CsvText::Row> &rows) const

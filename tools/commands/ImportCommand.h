@@ -1,13 +1,12 @@
 // orvida-catalog import: puts the translations of a table into a catalog.
 #pragma once
 
+#include "tools/RewriteOptions.h"
 #include "tools/commands/Command.h"
 #include "tools/translation/CsvText.h"
 #include "tools/translation/TranslatableTexts.h"
 
 #include <QString>
-
-#include <optional>
 
 namespace Orvida::Tools {
 
@@ -21,10 +20,8 @@ private:
     void addOptions(CLI::App &command) override;
     [[nodiscard]] bool readTable(QVector<CsvText::Row> &rows) const;
 
-    QString m_fileName;
+    RewriteOptions m_options;
     QString m_tableName;
-    std::optional<QString> m_output;
-    bool m_isInPlace = false;
 };
 
 } // namespace Orvida::Tools

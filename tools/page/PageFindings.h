@@ -30,7 +30,7 @@ public:
     bool isChecked() const { return m_isChecked; }
 
 private:
-    void write(int finding, HtmlWriter &out) const;
+    void write(int index, HtmlWriter &out) const;
 
     const bool m_isChecked;
     QVector<Checking::CatalogFinding> m_findings;

@@ -146,7 +146,7 @@ void PageForms::writeProperties(const Item &item, HtmlWriter &out) const
 void PageForms::writeField(const Variant<Field> &field, const QString &anchor, HtmlWriter &out) const
 {
     const QString &caption = field.thing.caption;
-    out << "<section class=\"field\" id=\"" << anchor << "\"";
+    out << R"(<section class="field" id=")" << anchor << "\"";
     writeProfiles(field.profiles, m_all, out);
     out << "><h4>" << (caption.isEmpty() ? QStringLiteral("(no caption)") : caption);
     writeProfileNames(field.profiles, m_all, m_source, out);
@@ -219,10 +219,11 @@ QString PageForms::fieldWithPlaceholder(const QString &placeholder, const Item &
     const Item *step = &item;
     for (int level = 0; step && level < mostLevels; ++level) {
         for (const QString &key : m_source.origins.extensionsOf(*step)) {
-            const auto extension = records.m_parameterExtensions.value(key);
-            if (records.m_parameters.value(extension.paramFk).placeholder == placeholder
-                && records.m_columns.contains(extension.columnId))
-                return PageAnchors::ofField(m_source.anchors.ofItem(step->id()), extension.columnId);
+            const auto extension = records.m_parameterExtensions.constFind(key);
+            const auto parameter = records.m_parameters.constFind(extension->paramFk);
+            if (parameter != records.m_parameters.constEnd() && parameter->placeholder == placeholder
+                && records.m_columns.contains(extension->columnId))
+                return PageAnchors::ofField(m_source.anchors.ofItem(step->id()), extension->columnId);
         }
         step = items.value(step->parentId()).data();
     }

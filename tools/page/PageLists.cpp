@@ -24,9 +24,9 @@ bool areSameEntries(const Entries &a, const Entries &b)
 
 void writeEntries(const Entries &entries, bool isRecorded, HtmlWriter &out)
 {
-    out << "<div class=\"scroll\"><table class=\"grid\"><thead><tr>"
+    out << R"(<div class="scroll"><table class="grid"><thead><tr>)"
         << (isRecorded ? "<th scope=\"col\">recorded" : "")
-        << "<th scope=\"col\">caption<th scope=\"col\">item text"
+        << R"(<th scope="col">caption<th scope="col">item text)"
         << "<tbody>\n";
     for (const ListItem &entry : entries) {
         out << "<tr>";

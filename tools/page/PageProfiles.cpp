@@ -19,7 +19,7 @@ constexpr int mostSideBySide = 24;
 
 void writeHeads(std::initializer_list<const char *> heads, HtmlWriter &out)
 {
-    out << "<div class=\"scroll\"><table class=\"grid\"><thead><tr>";
+    out << R"(<div class="scroll"><table class="grid"><thead><tr>)";
     for (const char *head : heads)
         out << "<th scope=\"col\">" << head;
 }

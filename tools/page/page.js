@@ -161,7 +161,7 @@
       if (upper && upper === branch)
         branch.open = false;
       else if (upper)
-        upper.querySelector("a").focus();
+        (upper.querySelector(":scope > summary > a") || upper.querySelector("summary")).focus();
     } else if (event.key === "ArrowDown" || event.key === "ArrowUp") {
       const links = seenLinks(isFound ? results : tree);
       const next = links[links.indexOf(link) + (event.key === "ArrowDown" ? 1 : -1)];
@@ -299,7 +299,8 @@
   chosenProfile.addEventListener("change", () => applyProfile(document));
   search.addEventListener("input", find);
   document.addEventListener("keydown", pressKey);
-  addEventListener("hashchange", () => open(currentId(), true));
+  // The link that skips the tree leaves the form as it is.
+  addEventListener("hashchange", () => currentId() === "_page" || open(currentId(), true));
   addEventListener("beforeprint", unfoldAll);
   addEventListener("afterprint", foldAll);
   applyProfile(element("_page"));
