@@ -44,7 +44,7 @@ list(LENGTH blocks count)
 if(count LESS 8)
   message(SEND_ERROR "the host guide shows ${count} blocks of code only")
 endif()
-get_filename_component(samples ${SAMPLES} DIRECTORY)
+string(REGEX REPLACE "/$" "" samples ${SAMPLES})
 execute_process(COMMAND ${build}/guide-check ${samples} ${SCRATCH_DIR}/ RESULT_VARIABLE result ERROR_VARIABLE printed)
 set(failure "Line 3, column 10: CATPRO record without PRO_PK. To fix it, give the record a PRO_PK that is not empty, \
 or remove the record; one such record keeps the whole catalog from loading.")
