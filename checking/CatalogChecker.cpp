@@ -1,9 +1,12 @@
 #include "checking/CatalogChecker.h"
 
+#include "checking/CatalogChecker_p.h"
+
 #include "catalogs/reading/RecordReader_p.h"
 #include "catalogs/reading/XmlInput_p.h"
 #include "checking/findings/FindingReport_p.h"
 #include "checking/reading/CatalogLocator_p.h"
+#include "checking/reading/LocatedXml_p.h"
 #include "checking/rules/Check_p.h"
 #include "checking/rules/RuleTable_p.h"
 
@@ -53,6 +56,8 @@ QVector<CatalogRule> publicRules()
     return rules;
 }
 
+} // namespace
+
 FindingReport::Settings defaultSettings()
 {
     FindingReport::Settings settings;
@@ -63,14 +68,7 @@ FindingReport::Settings defaultSettings()
     return settings;
 }
 
-// What a reading of a file gives.
-struct Reading
-{
-    LocatedCatalog catalog;
-    CatalogReadFailure firstRefusal;
-    /// Why the file could not be read to its end.
-    CatalogReadFailure fault;
-};
+namespace {
 
 // More than half of what should be scrambled is not.
 bool isInReadableForm(const LocatedCatalog &catalog)
@@ -84,7 +82,8 @@ ClearTexts clearTextsOf(const LocatedCatalog &catalog, const CatalogReadFailure 
     return {catalog.clearCount, catalog.scrambledCount, first.start, first.end, failure};
 }
 
-// Asks the rules, each function once.
+} // namespace
+
 void askRules(Check &check)
 {
     const bool hasRoot = check.catalog.hasRoot;
@@ -103,11 +102,10 @@ void askRules(Check &check)
     }
 }
 
-} // namespace
-
-struct CatalogChecker::Private
+struct Q_DECL_HIDDEN CatalogChecker::Private
 {
     Reading read(const QString &fileName, bool isReadable) const;
+    bool locate(LocatedXml &xml, const QFile &file, Reading &reading) const;
     void judge(const QString &fileName, const Reading &reading, const std::optional<ClearTexts> &clearTexts);
 
     Form form = Form::Scrambled;
@@ -165,8 +163,7 @@ bool CatalogChecker::check(const QString &fileName)
 {
     const bool isReadable = m_private->form == Form::Readable;
     auto reading = std::make_unique<Reading>(m_private->read(fileName, isReadable));
-    m_private->failure =
-        reading->firstRefusal.reason == CatalogReadFailure::None ? reading->fault : reading->firstRefusal;
+    m_private->failure = failureOf(*reading);
     std::optional<ClearTexts> clearTexts;
     if (isInReadableForm(reading->catalog)) {
         // Everything else is judged by what the author sees: as scrambled texts the values are nonsense, and
@@ -200,30 +197,55 @@ const CatalogReadFailure &CatalogChecker::failure() const
     return m_private->failure;
 }
 
-// The loop of a load reads, with nothing to store.
+Reading readCatalogFile(const QString &fileName, bool isReadable)
+{
+    return CatalogChecker::Private().read(fileName, isReadable);
+}
+
+const CatalogReadFailure &failureOf(const Reading &reading)
+{
+    return reading.firstRefusal.reason == CatalogReadFailure::None ? reading.fault : reading.firstRefusal;
+}
+
 Reading CatalogChecker::Private::read(const QString &fileName, bool isReadable) const
 {
-    Reading reading;
     Catalogs::XmlInput input;
-    if (!input.open(fileName)) {
-        reading.fault = input.failureToOpen();
-        return reading;
+    const bool isOpen = input.open(fileName);
+    // Nearly every file is plain; one that is not is read again.
+    if (isOpen && !input.file.isSequential()) {
+        Reading reading;
+        reading.catalog.isReadable = isReadable;
+        PlainXml xml(input.file);
+        if (locate(xml, input.file, reading))
+            return reading;
+        input.file.unsetError();
+        input.file.seek(0);
     }
+    Reading reading;
+    reading.catalog.isReadable = isReadable;
+    AnyXml xml(input.reader);
+    if (!isOpen)
+        reading.fault = input.failureToOpen();
+    else if (!locate(xml, input.file, reading))
+        reading.fault = input.failureToRead();
+    return reading;
+}
+
+// The loop of a load reads, with nothing to store. False when it does not come to the end of the document.
+bool CatalogChecker::Private::locate(LocatedXml &xml, const QFile &file, Reading &reading) const
+{
     Catalogs::CatalogXMLParser noRecords;
     QHash<QString, QSharedPointer<Catalogs::CatalogItem>> noItems;
     QVector<QString> noKeys;
     const auto texts = std::make_unique<Catalogs::TextPool>();
     CatalogReadFailure refusal;
-    reading.catalog.isReadable = isReadable;
-    CatalogLocator locator(input.reader, refusal, *texts, reading.catalog);
+    CatalogLocator locator(xml, refusal, *texts, reading.catalog);
     if (progress)
-        locator.setProgress([&] { progress(input.file.pos(), input.file.size()); });
-    Catalogs::RecordReader reader(input.reader, {noRecords, noItems, noKeys, *texts}, refusal, locator);
-    const bool isRead = reader.readDocument() && !input.reader.hasError();
+        locator.setProgress([&] { progress(file.pos(), file.size()); });
+    Catalogs::RecordReader reader(xml, {noRecords, noItems, noKeys, *texts}, refusal, locator);
+    const bool isRead = reader.readDocument() && xml.tokenType() == QXmlStreamReader::EndDocument;
     reading.firstRefusal = locator.finish();
-    if (!isRead)
-        reading.fault = input.failureToRead();
-    return reading;
+    return isRead;
 }
 
 void CatalogChecker::Private::judge(const QString &fileName, const Reading &reading,

@@ -24,7 +24,7 @@ public:
     /// The two forms of a catalog file, which differ in the fields that `CatalogFormat::isScrambled` names.
     enum class Form {
         Scrambled, ///< What hosts load.
-        Readable,  ///< What authors write: the texts stand in the clear.
+        Readable,  ///< What authors write: the texts are in the clear.
     };
 
     /// What becomes of a rule's findings.
@@ -73,8 +73,10 @@ public:
     /// form: what it would say if the scrambled one had the same lines and columns.
     const Catalogs::CatalogReadFailure &failure() const;
 
-private:
+    /// For this library's own use.
     struct Private;
+
+private:
     const std::unique_ptr<Private> m_private;
 };
 

@@ -9,8 +9,8 @@ namespace Orvida::Checking {
 /// How bad a finding is.
 enum class CatalogSeverity {
     Error,   ///< The file does not load, or something in it does not load as it was written.
-    Warning, ///< It loads, but surely not as it was meant, or what a host shows of it is left to chance.
-    Note,    ///< Style, or possibly meant.
+    Warning, ///< It loads, but surely not as intended, or what a host shows of it is left to chance.
+    Note,    ///< Style, or possibly intended.
 };
 
 /// Another place that has to do with a finding. Line and column are counted as those of a finding.
@@ -28,12 +28,12 @@ struct CatalogFinding
     /// Id of the rule that was broken, such as "unknown-item"; `CatalogChecker::rule` has more on it.
     QString rule;
     CatalogSeverity severity = CatalogSeverity::Error;
-    /// Where it begins, both from 1: right behind the start tag of the record or field that is meant, which
-    /// is where a field's text begins. Columns count UTF-16 code units, a tab as one. 1:1 means the whole
+    /// Where it begins, both from 1: right after the start tag of the record or field in question, which is
+    /// where a field's text begins. Columns count UTF-16 code units, a tab as one. 1:1 means the whole
     /// file.
     qint64 line = 1;
     qint64 column = 1;
-    /// Behind the last character of the field's text; otherwise the beginning.
+    /// After the last character of the field's text; otherwise the beginning.
     qint64 endLine = 1;
     qint64 endColumn = 1;
     /// What is wrong, in one line without a full stop.

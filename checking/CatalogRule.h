@@ -5,7 +5,7 @@
 
 namespace Orvida::Checking {
 
-/// What a rule asks of a catalog file, for people who want to know why. Ids never change their meaning.
+/// What a rule demands of a catalog file, and why. Ids never change their meaning.
 struct CatalogRule
 {
     QString id;
@@ -16,7 +16,7 @@ struct CatalogRule
     /// What exactly is looked at, and why it matters; one paragraph.
     QString explanation;
     /// A piece of a catalog in its readable form that breaks the rule, and the same piece put right: records
-    /// to stand in a root element, or a whole file when it has one.
+    /// to be put into a root element, or a whole file if it has one.
     QString before;
     QString after;
     /// The severity of its findings; some are milder where the explanation says so.

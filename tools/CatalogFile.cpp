@@ -50,7 +50,7 @@ CatalogFile CatalogFile::load(const Options &options)
 const CatalogXMLParser &CatalogFile::records()
 {
     if (!m_records) {
-        // What there is to log was logged by the load.
+        // The load has logged everything already.
         const LibraryOutput output(LibraryOutput::Nothing);
         m_records = std::make_unique<CatalogXMLParser>();
         QHash<QString, QSharedPointer<Catalogs::CatalogItem>> items;
@@ -88,17 +88,6 @@ const RecordPositions &CatalogFile::positions()
     return *m_positions;
 }
 
-QString CatalogFile::otherFormText() const
-{
-    if (m_input.form().value_or(m_form) == m_form)
-        return QString();
-    if (m_form == TextForm::Readable)
-        return QStringLiteral("the file is scrambled already; leave --readable out");
-    return QStringLiteral(
-        "this is the readable form of a catalog, and hosts read nothing of its captions and "
-        "codes; use --readable, or scramble the file");
-}
-
 // Reads the file and makes the form of it that the library loads.
 bool CatalogFile::prepare()
 {
@@ -110,7 +99,7 @@ bool CatalogFile::prepare()
         return true;
     const FormChange change(m_input.bytes());
     if (change.failure()) {
-        m_failure = *change.failure();
+        m_failure = explained(*change.failure(), path());
         return false;
     }
     if (!m_scrambled.append(change.scrambled())) {
@@ -124,20 +113,12 @@ bool CatalogFile::prepare()
 void CatalogFile::findFailure()
 {
     const CatalogReadFailure &failure = records().failure();
-    m_failure = failureOf(failure);
-    if (failure.reason != CatalogReadFailure::RecordRefused)
-        return;
-    if (m_form == TextForm::Readable)
+    m_failure = failureOf(failure, otherFormText());
+    if (failure.reason == CatalogReadFailure::NotWellFormed)
+        m_failure = explained(m_failure, path());
+    if (failure.reason == CatalogReadFailure::RecordRefused && m_form == TextForm::Readable)
         m_failure.position =
             translated(m_failure.position, RecordPositions(loadedPath(), TextForm::Scrambled), positions());
-    // A scrambled key in the clear decodes to something else, often to nothing.
-    const QStringList &fields = failure.missingFields;
-    const bool lacksScrambledKey = std::any_of(fields.cbegin(), fields.cend(), [](const QString &field) {
-        return Catalogs::CatalogFormat::isScrambled(field);
-    });
-    const QString otherForm = lacksScrambledKey ? otherFormText() : QString();
-    if (!otherForm.isEmpty())
-        m_failure.remedy = otherForm;
 }
 
 QString CatalogFile::loadedPath() const

@@ -28,7 +28,7 @@ public:
         bool showsLog = false;
     };
 
-    /// Loads a file. Prints nothing but the library's log, and that only when it is asked for.
+    /// Loads a file. Prints nothing but warnings of the library, or its whole log when that is asked for.
     static CatalogFile load(const Options &options);
 
     bool isLoaded() const { return m_catalog && m_catalog->IsValid(); }
@@ -57,7 +57,7 @@ public:
 
     /// What to do about it when the file seems to be in the other form than the one it was loaded as; else
     /// empty.
-    QString otherFormText() const;
+    QString otherFormText() const { return m_input.otherFormText(m_form); }
 
     /// How the file was loaded.
     TextForm form() const { return m_form; }

@@ -56,7 +56,7 @@ QString elementSource(QLatin1String element, const FieldSources::Records &record
                  : QStringLiteral("%1 is missing in %2").arg(element, inWords(*record));
 }
 
-// By which rule the caption of a field is more than that of its parameter, or might have been.
+// Why the caption of a field is more than that of its parameter, or is not although it has limits.
 QString captionRule(const CatalogInputField &field)
 {
     if (field.observationTextParamName().toUpper() == QLatin1String("@CLK"))

@@ -24,7 +24,8 @@ bool refersToEntity(const QString &xml)
 class Finder
 {
 public:
-    Finder(const QByteArray &document, const QString &text) : m_text(text), m_reader(document), m_places(text)
+    Finder(const QByteArray &document, const QString &text, WantedTexts wanted)
+        : m_wanted(wanted), m_text(text), m_reader(document), m_places(text)
     {
     }
 
@@ -41,12 +42,16 @@ private:
 
     int place() const { return static_cast<int>(m_places.characterOffset()); }
 
+    const WantedTexts m_wanted;
     const QString &m_text;
     QXmlStreamReader m_reader; // of the bytes: what they say
     QXmlStreamReader m_places; // of the text: where it is
     FieldTexts m_found;
-    // By open element, the index of its text; -1 when it is no scrambled field.
+    // By open element, the index of its text; -1 when it is no field that is wanted.
     QVector<int> m_open;
+    // The element in the root that is open, and how many there were.
+    const CatalogFormat::Record *m_record = nullptr;
+    int m_records = 0;
     // Those of them that have no obstacle yet, so that many nested fields do not take quadratic time.
     QVector<int> m_untroubled;
     // The text that the next piece belongs to; -1 for none.
@@ -96,10 +101,16 @@ void Finder::startElement()
 {
     setObstacle(FieldText::NestedElement);
     m_waiting = -1;
+    if (m_open.size() == 1) {
+        m_record = CatalogFormat::record(m_reader.name());
+        ++m_records;
+    }
     const CatalogFormat::Field *field = CatalogFormat::field(m_reader.name());
-    if (field && field->isScrambled()) {
+    if (field && (m_wanted == WantedTexts::All || field->isScrambled())) {
         FieldText text;
         text.field = field;
+        text.record = m_records;
+        text.isDirect = m_open.size() == 2 && CatalogFormat::recordOf(*field) == m_record;
         text.position = {m_reader.lineNumber(), m_reader.columnNumber() + 1};
         if (m_text.at(place() - 1) != QLatin1Char('>'))
             text.obstacle = FieldText::InsideEntity;
@@ -157,9 +168,39 @@ void Finder::setObstacle(FieldText::Obstacle obstacle)
 
 } // namespace
 
-FieldTexts findFieldTexts(const QByteArray &document, const QString &text)
+QLatin1String wordsOf(FieldText::Obstacle obstacle)
 {
-    return Finder(document, text).run();
+    static const char *const words[] = {
+        "",
+        "a load takes only the first piece of its text",
+        "there is an element in it",
+        "it refers to an entity that the document declares",
+        "it is part of an entity that the document declares",
+    };
+    return QLatin1String(words[obstacle]);
+}
+
+FieldTexts findFieldTexts(const QByteArray &document, const QString &text, WantedTexts wanted)
+{
+    return Finder(document, text, wanted).run();
+}
+
+std::optional<FileFailure> failureOf(const FieldTexts &texts, const TextRewriter &document)
+{
+    if (!texts.errorText.isEmpty()) {
+        Catalogs::CatalogReadFailure failure;
+        failure.reason = Catalogs::CatalogReadFailure::NotWellFormed;
+        failure.line = texts.errorPosition.line;
+        failure.column = texts.errorPosition.column;
+        failure.detail = texts.errorText;
+        return failureOf(failure);
+    }
+    // Whether its parts can be replaced shows when the rest is kept.
+    if (!texts.isTextOfDocument || document.result().isNull())
+        return FileFailure{{},
+                           QStringLiteral("texts cannot be replaced in the encoding of the file"),
+                           QStringLiteral("save it as UTF-8")};
+    return std::nullopt;
 }
 
 } // namespace Orvida::Tools

@@ -1,17 +1,21 @@
-// Finds the texts of scrambled fields in the text of a catalog file.
+// Finds the texts of fields in the text of a catalog file.
 #pragma once
 
 #include "catalogs/format/CatalogFormat.h"
+#include "tools/FileFailure.h"
 #include "tools/Messages.h"
+#include "tools/TextRewriter.h"
 
 #include <QByteArray>
+#include <QLatin1String>
 #include <QString>
 #include <QVector>
 
+#include <optional>
+
 namespace Orvida::Tools {
 
-/// The text of one field of which the format says that it is scrambled, as far as a load takes it: the first
-/// piece of text after the field's start tag.
+/// The text of one field, as far as a load takes it: the first piece of text after the field's start tag.
 struct FieldText
 {
     /// What keeps the text from being replaced without a loss; from harmless to impossible.
@@ -24,6 +28,8 @@ struct FieldText
     };
 
     const Catalogs::CatalogFormat::Field *field = nullptr;
+    int record = 0;        ///< Which of the elements in the root the field is in.
+    bool isDirect = false; ///< Whether that element is the field's record, and the field is directly in it.
     FilePosition position; ///< After the field's start tag.
     int begin = 0;         ///< Of the text in the document, in UTF-16 units; of a CDATA section its content.
     int end = 0;
@@ -45,8 +51,18 @@ struct FieldTexts
     bool isTextOfDocument = true;
 };
 
+/// What keeps a text from being replaced, in words; empty for `None`.
+QLatin1String wordsOf(FieldText::Obstacle obstacle);
+
+/// Which fields' texts are looked for.
+enum class WantedTexts { Scrambled, All };
+
 /// Finds the texts in `text`, which is `document` decoded, without its byte-order mark. The values are those
 /// that the XML reader gets from the bytes; the decoded text is read in parallel for their places.
-FieldTexts findFieldTexts(const QByteArray &document, const QString &text);
+FieldTexts findFieldTexts(const QByteArray &document, const QString &text,
+                          WantedTexts wanted = WantedTexts::Scrambled);
+
+/// Why the texts of `document`, which are `texts`, cannot be replaced at all; none when they can.
+std::optional<FileFailure> failureOf(const FieldTexts &texts, const TextRewriter &document);
 
 } // namespace Orvida::Tools

@@ -1,8 +1,23 @@
 #include "tools/FileFailure.h"
 
+#include "catalogs/format/CatalogFormat.h"
+#include "checking/CatalogChecker.h"
+
+#include <algorithm>
+
 namespace Orvida::Tools {
 
 using Catalogs::CatalogReadFailure;
+
+namespace {
+
+bool isOfXml(const Checking::CatalogFinding &finding)
+{
+    return finding.rule == QLatin1String("not-well-formed") || finding.rule == QLatin1String("wrong-encoding")
+           || finding.rule == QLatin1String("unknown-encoding");
+}
+
+} // namespace
 
 FileFailure failureOf(const CatalogReadFailure &failure)
 {
@@ -11,6 +26,32 @@ FileFailure failureOf(const CatalogReadFailure &failure)
         return {position, QStringLiteral("the catalog did not load, but its file reads well now"),
                 QStringLiteral("try again")};
     return {position, failure.problem(), failure.remedy()};
+}
+
+// A scrambled key in the clear decodes to something else, often to nothing.
+FileFailure failureOf(const CatalogReadFailure &failure, const QString &otherForm)
+{
+    FileFailure result = failureOf(failure);
+    const QStringList &fields = failure.missingFields;
+    const bool lacksScrambledKey = std::any_of(fields.cbegin(), fields.cend(), [](const QString &field) {
+        return Catalogs::CatalogFormat::isScrambled(field);
+    });
+    if (lacksScrambledKey && !otherForm.isEmpty())
+        result.remedy = otherForm;
+    return result;
+}
+
+FileFailure explained(const FileFailure &failure, const QString &path)
+{
+    Checking::CatalogChecker checker;
+    checker.check(path);
+    for (const Checking::CatalogFinding &finding : checker.findings()) {
+        if (isOfXml(finding))
+            return {{finding.line, finding.column},
+                    finding.message,
+                    finding.hint.isEmpty() ? failure.remedy : finding.hint};
+    }
+    return failure;
 }
 
 FileFailure unreadable(const QString &errorText)

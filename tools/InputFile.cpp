@@ -8,7 +8,7 @@ namespace Orvida::Tools {
 
 namespace {
 
-// Hands on what it reads from a file, and keeps a copy of it.
+// Reads a file, and keeps a copy of what it reads.
 class CopyingDevice : public QIODevice
 {
 public:
@@ -63,6 +63,17 @@ QString InputFile::name() const
 QString InputFile::shortName() const
 {
     return isStandardInput() ? name() : QFileInfo(m_fileName).fileName();
+}
+
+QString InputFile::otherFormText(TextForm form) const
+{
+    if (m_form.value_or(form) == form)
+        return QString();
+    if (form == TextForm::Readable)
+        return QStringLiteral("the file is scrambled already; leave --readable out");
+    return QStringLiteral(
+        "this is the readable form of a catalog, and hosts read nothing of its captions and "
+        "codes; use --readable, or scramble the file");
 }
 
 bool InputFile::isStandardInput() const

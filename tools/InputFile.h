@@ -28,6 +28,9 @@ public:
 
     /// The form that the file seems to have.
     std::optional<TextForm> form() const { return m_form; }
+    /// What to do about it when the file is taken to be in `form` and seems to be in the other one; else
+    /// empty.
+    QString otherFormText(TextForm form) const;
 
     /// The file as messages name it: as the user did, or "<standard input>".
     QString name() const;

@@ -45,7 +45,7 @@ bool isOfLibrary(const QMessageLogContext &context)
            || category == QLatin1String("DataConverter");
 }
 
-// Standard output is kept; there it does not get lost.
+// An error of the library is only noted, in the diverted standard output, where hasHeldBack() finds it.
 void showProblem(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     if (type == QtCriticalMsg && isOfLibrary(context))

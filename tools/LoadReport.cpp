@@ -44,7 +44,7 @@ void report(const QString &file, const CatalogFinding &finding)
         printRemedy(finding.hint);
 }
 
-// The load only tells that something was lost. Checking the file tells what, where, and how to fix it.
+// The load only shows that something was lost. Checking the file finds what, where, and how to fix it.
 void reportLosses(CatalogFile &file)
 {
     CatalogChecker checker;

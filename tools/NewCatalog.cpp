@@ -15,11 +15,11 @@ const char head[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 
   <!-- What the catalog is; 2147483648 as style would say that it supports 3D. -->
   <CATALOG>
+    <CAT_Style>0</CAT_Style>
     <CAT_PK>{key}</CAT_PK>
     <CAT_Language>{language}</CAT_Language>
     <CAT_Version>0.1</CAT_Version>
     <CAT_Description>What the catalog is for</CAT_Description>
-    <CAT_Style>0</CAT_Style>
   </CATALOG>
 )";
 
@@ -85,17 +85,17 @@ const char lists[] = R"(
   <!-- Here the internal text is the code. -->
   <LIST>
     <LIST_Class_FK>LC-DEFECTS-{profile}</LIST_Class_FK>
-    <LIST_Internal>A01</LIST_Internal>
     <LIST_Item>Start of the defect</LIST_Item>
     <LIST_Caption>Start</LIST_Caption>
+    <LIST_Internal>A01</LIST_Internal>
     <LIST_SortOrder>10</LIST_SortOrder>
   </LIST>
   <!-- What begins with one code ends with another. -->
   <LIST>
     <LIST_Class_FK>LC-DEFECTS-{profile}</LIST_Class_FK>
-    <LIST_Internal>B01</LIST_Internal>
     <LIST_Item>End of the defect</LIST_Item>
     <LIST_Caption>End</LIST_Caption>
+    <LIST_Internal>B01</LIST_Internal>
     <LIST_SortOrder>20</LIST_SortOrder>
   </LIST>
 )";
@@ -172,8 +172,8 @@ const char codes[] = R"(
   <BASECODE>
     <BC_PK>BC-CRA</BC_PK>
     <BC_Class_FK>CL-STRUCTURE</BC_Class_FK>
-    <BC_Code>CRA</BC_Code>
     <BC_Item>Crack</BC_Item>
+    <BC_Code>CRA</BC_Code>
     <BC_ObsText>Crack at @CLK o'clock, @KND, @WID mm wide, @CNT in all, active: @ACT, first seen @DAT, @REM</BC_ObsText>
     <BC_SortOrder>10</BC_SortOrder>
   </BASECODE>
@@ -247,8 +247,8 @@ const char codes[] = R"(
   <CHAREXT>
     <CE_PK>CE-CRA-L</CE_PK>
     <CE_BaseCode_FK>BC-CRA</CE_BaseCode_FK>
-    <CE_Code>CRAL</CE_Code>
     <CE_Item>Longitudinal crack</CE_Item>
+    <CE_Code>CRAL</CE_Code>
     <CE_ObsText>Longitudinal crack at @CLK o'clock, @WID mm wide</CE_ObsText>
     <CE_SortOrder>10</CE_SortOrder>
   </CHAREXT>
@@ -267,8 +267,8 @@ const char codeRecords[] = R"(  <!-- A code; give it a sort order that none of i
   <BASECODE>
     <BC_PK>BC-{code}</BC_PK>
     <BC_Class_FK>{class}</BC_Class_FK>
-    <BC_Code>{code}</BC_Code>
     <BC_Item>Caption of {code}</BC_Item>
+    <BC_Code>{code}</BC_Code>
     <BC_ObsText>Observation text, with placeholders such as @WID</BC_ObsText>
     <BC_SortOrder>100</BC_SortOrder>
   </BASECODE>

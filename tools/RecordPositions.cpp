@@ -119,7 +119,7 @@ RecordPositions::Record RecordPositions::readRecord(QXmlStreamReader &reader,
     return record;
 }
 
-// Of columns the first one counts, of all else the last one.
+// Of columns with one id and profile the first counts, of other records with one key the last.
 void RecordPositions::add(Record record)
 {
     for (const Format::Field *required : record.format->requiredFields()) {

@@ -26,6 +26,14 @@ QString exampleBlock(const char *title, const QString &xml)
 
 } // namespace
 
+// Outside of code, Markdown takes pieces of XML for markup of its own.
+QString escapedForMarkdown(QString text)
+{
+    return text.replace(QLatin1Char('&'), QLatin1String("&amp;"))
+        .replace(QLatin1Char('<'), QLatin1String("&lt;"))
+        .replace(QLatin1Char('*'), QLatin1String("\\*"));
+}
+
 QString severityName(CatalogSeverity severity)
 {
     switch (severity) {
@@ -79,7 +87,7 @@ void printRule(QTextStream &out, const OutputStyle &style, const CatalogRule &ru
 
 QString ruleMarkdown(const CatalogRule &rule)
 {
-    return rule.explanation + QLatin1Char('\n') + exampleBlock("Before:", rule.before)
+    return escapedForMarkdown(rule.explanation) + QLatin1Char('\n') + exampleBlock("Before:", rule.before)
            + exampleBlock("After:", rule.after);
 }
 

@@ -23,7 +23,9 @@ void printRules(QTextStream &out, const OutputStyle &style);
 /// All that there is to say of one.
 void printRule(QTextStream &out, const OutputStyle &style, const Checking::CatalogRule &rule);
 
-/// What `printRule` says of the rule, its severity left out; as Markdown.
+/// `text` as it is to be read, in Markdown.
+QString escapedForMarkdown(QString text);
+/// The explanation and the example of a rule, as Markdown.
 QString ruleMarkdown(const Checking::CatalogRule &rule);
 
 } // namespace Orvida::Tools

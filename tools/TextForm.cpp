@@ -1,7 +1,7 @@
 #include "tools/TextForm.h"
 
 #include "catalogs/reading/ScrambledText.h"
-#include "tools/OutputStyle.h"
+#include "tools/XmlText.h"
 
 #include <QXmlStreamReader>
 
@@ -12,7 +12,6 @@ namespace Orvida::Tools {
 namespace {
 
 using Catalogs::CatalogFormat;
-using Catalogs::CatalogReadFailure;
 using Catalogs::ScrambledText;
 
 bool isHexDigit(QChar c)
@@ -26,7 +25,7 @@ bool isHex(const QStringRef &text)
     return std::all_of(text.cbegin(), text.cend(), isHexDigit);
 }
 
-// Counts the texts of either form. Blank ones have none.
+// Counts the texts of each form. White space alone has none.
 class FormCount
 {
 public:
@@ -52,54 +51,6 @@ private:
     int m_scrambled = 0;
 };
 
-// XML 1.0 has no way to write any other.
-bool canBeInXml(const QString &text)
-{
-    return std::all_of(text.cbegin(), text.cend(), [](QChar c) {
-        const ushort u = c.unicode();
-        return (u >= 0x20 && u < 0xFFFE) || u == '\t' || u == '\n' || u == '\r';
-    });
-}
-
-// Written as a reference: line breaks, which would move all lines after them, and what would not be seen.
-bool needsReference(QChar c)
-{
-    return c == QChar(QChar::ByteOrderMark) || (c != QLatin1Char('\t') && OutputStyle::steersTerminal(c));
-}
-
-QString escaped(uint codePoint)
-{
-    switch (codePoint) {
-    case '&': return QStringLiteral("&amp;");
-    case '<': return QStringLiteral("&lt;");
-    case '>': return QStringLiteral("&gt;");
-    default: return QStringLiteral("&#x%1;").arg(QString::number(codePoint, 16).toUpper());
-    }
-}
-
-// `text` as it is written in a document of this encoding.
-QString xmlText(const QString &text, const TextRewriter &document)
-{
-    QString xml;
-    for (const uint codePoint : text.toUcs4()) {
-        const QString character = QString::fromUcs4(&codePoint, 1);
-        const bool isMarkup = codePoint == '&' || codePoint == '<' || codePoint == '>';
-        const bool isAscii = codePoint < 0x80;
-        if (isMarkup || needsReference(character.at(0)) || !(isAscii || document.canEncode(character)))
-            xml += escaped(codePoint);
-        else
-            xml += character;
-    }
-    return xml;
-}
-
-// Whether a CDATA section of this document can hold `text` so that it reads the same.
-bool fitsIntoCData(const QString &text, const TextRewriter &document)
-{
-    return !text.contains(QLatin1String("]]>")) && !std::any_of(text.cbegin(), text.cend(), needsReference)
-           && document.canEncode(text);
-}
-
 // Why scrambling the readable text would not give the bytes of the file again; empty when it would.
 QString lossOf(const FieldText &field, const QString &xml, const QString &readable, bool takesLowerCase)
 {
@@ -117,21 +68,13 @@ QString lossOf(const FieldText &field, const QString &xml, const QString &readab
     return QString();
 }
 
-struct ObstacleText
-{
-    const char *problem;
-    const char *remedy;
-};
-
-// In the order of the enumerators.
-const ObstacleText obstacleTexts[] = {
-    {"", ""},
-    {"a load takes only the first piece of its text",
-     "write the text in one piece, or use --force to change only what a load takes"},
-    {"there is an element in it",
-     "end the field before the element, or use --force to change only what a load takes"},
-    {"it refers to an entity that the document declares", "write what the entity stands for"},
-    {"it is part of an entity that the document declares", "write what the entity stands for"},
+// By obstacle.
+const char *const remedies[] = {
+    "",
+    "write the text in one piece, or use --force to change only what a load takes",
+    "end the field before the element, or use --force to change only what a load takes",
+    "write what the entity stands for",
+    "write what the entity stands for",
 };
 
 // Shorter ones may be words or codes.
@@ -167,21 +110,10 @@ std::optional<TextForm> formOf(QIODevice &file)
 }
 
 FormChange::FormChange(const QByteArray &document)
-    : m_rewriter(document), m_texts(findFieldTexts(document, m_rewriter.text()))
+    : m_rewriter(document),
+      m_texts(findFieldTexts(document, m_rewriter.text())),
+      m_failure(failureOf(m_texts, m_rewriter))
 {
-    if (!m_texts.errorText.isEmpty()) {
-        CatalogReadFailure failure;
-        failure.reason = CatalogReadFailure::NotWellFormed;
-        failure.line = m_texts.errorPosition.line;
-        failure.column = m_texts.errorPosition.column;
-        failure.detail = m_texts.errorText;
-        m_failure = failureOf(failure);
-    } else if (!m_texts.isTextOfDocument || scrambled().isNull()) {
-        // Whether its parts can be replaced shows when they are.
-        m_failure = FileFailure{{},
-                                QStringLiteral("texts cannot be replaced in the encoding of the file"),
-                                QStringLiteral("save it as UTF-8")};
-    }
 }
 
 std::optional<TextForm> FormChange::form() const
@@ -198,9 +130,8 @@ QVector<FormChange::Note> FormChange::obstacles(FieldText::Obstacle tolerated) c
     for (const FieldText &field : m_texts.texts) {
         if (field.obstacle > tolerated)
             notes.append({field.position,
-                          field.field->name + QLatin1String(" cannot be changed: ")
-                              + QLatin1String(obstacleTexts[field.obstacle].problem),
-                          QLatin1String(obstacleTexts[field.obstacle].remedy)});
+                          field.field->name + QLatin1String(" cannot be changed: ") + wordsOf(field.obstacle),
+                          QLatin1String(remedies[field.obstacle])});
     }
     return notes;
 }

@@ -235,6 +235,7 @@ bool PlainXmlScanner::readMore()
     const auto kept = static_cast<std::size_t>(m_end - m_next);
     if (m_isAllRead || kept > longestToken)
         return false;
+    m_dropped += m_next - m_buffer.data();
     std::memmove(m_buffer.data(), m_next, kept);
     m_buffer.resize(std::max(m_buffer.size(), kept + static_cast<std::size_t>(m_blockSize) + limit));
     m_text.resize(static_cast<int>(m_buffer.size()));

@@ -6,6 +6,7 @@
 #include <QXmlStreamReader>
 
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -60,6 +61,16 @@ public:
     qint64 lineNumber() const { return m_tokenCount; }
     qint64 columnNumber() const { return 0; }
 
+    /// How many bytes of the document are read: up to the end of the current token, which is not `Invalid`.
+    qint64 offset() const { return m_dropped + (m_next - m_buffer.data()); }
+    /// The bytes from `start` on, which was offset() before the current token was read. Valid until the next
+    /// token.
+    std::string_view bytesFrom(qint64 start) const
+    {
+        return {reinterpret_cast<const char *>(m_buffer.data()) + (start - m_dropped),
+                static_cast<std::size_t>(offset() - start)};
+    }
+
 private:
     // Of the length and the number of element names, and of nesting. No catalog comes near it.
     static constexpr std::size_t limit = 256;
@@ -88,6 +99,7 @@ private:
     std::vector<uchar> m_buffer = std::vector<uchar>(limit);
     const uchar *m_next = m_buffer.data(); // The bytes before it are read.
     const uchar *m_end = m_next;
+    qint64 m_dropped = 0; // How many bytes were read before the first one in the buffer.
     bool m_isAllRead = false;
 
     TokenType m_type = QXmlStreamReader::NoToken;

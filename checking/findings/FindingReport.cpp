@@ -12,11 +12,10 @@ using Level = CatalogChecker::Level;
 
 namespace {
 
-constexpr int mostRelated = 5;
 // Of a finding that is there, but not listed.
 constexpr int notListed = -1;
 
-CatalogSeverity severityOf(Level level)
+CatalogSeverity severityAt(Level level)
 {
     return level == Level::Error     ? CatalogSeverity::Error
            : level == Level::Warning ? CatalogSeverity::Warning
@@ -73,43 +72,55 @@ FindingReport::FindingReport(const LocatedCatalog &catalog, const Settings &sett
 CatalogFinding *FindingReport::add(const Fault &fault)
 {
     CatalogChecker::Totals &total = totals[std::size_t(fault.rule)];
-    ++total.occurrences;
+    total.occurrences += fault.count;
     total.affected += fault.affected;
     if (!isOn(fault.rule) || isSuppressed(fault.rule, fault.place.start))
         return nullptr;
-    const QPair<int, qint64> subject(int(fault.rule), fault.subject);
-    const auto earlier = fault.subject < 0 ? m_subjects.constEnd() : m_subjects.constFind(subject);
-    const bool isNew = earlier == m_subjects.constEnd();
-    const int index = isNew ? addNew(fault) : *earlier;
+    const Subject subject{fault.rule, fault.subject};
+    const auto earlier = fault.subject < 0 ? m_subjects.end() : m_subjects.find(subject);
+    const bool isNew = earlier == m_subjects.end();
+    if (!isNew)
+        merge(fault, *earlier);
+    const int index = isNew ? addNew(fault) : earlier->index;
     if (isNew && fault.subject >= 0)
-        m_subjects.insert(subject, index);
+        m_subjects.insert(subject, {index, severityOf(fault)});
+    if (index == notListed)
+        return nullptr;
     for (const int record : fault.losses)
         m_losses.insert(record, index);
-    if (isNew && index != notListed)
-        return &findings[index];
-    if (index != notListed) {
-        CatalogFinding &finding = findings[index];
-        ++finding.count;
-        finding.affected += fault.affected;
-        relate(finding, fault.place, QStringLiteral("the same"));
-    }
-    return nullptr;
+    return isNew ? &findings[index] : nullptr;
+}
+
+// The worse severity holds for all.
+void FindingReport::merge(const Fault &fault, Known &known)
+{
+    const CatalogSeverity severity = std::min(known.severity, severityOf(fault));
+    --countOfSeverity[std::size_t(known.severity)];
+    ++countOfSeverity[std::size_t(severity)];
+    known.severity = severity;
+    if (known.index == notListed)
+        return;
+    CatalogFinding &finding = findings[known.index];
+    finding.severity = severity;
+    finding.count += fault.count;
+    finding.affected += fault.affected;
+    relate(finding, fault.place, QStringLiteral("the same"));
 }
 
 void FindingReport::addConsequence(const Fault &fault, int lostRecord)
 {
     CatalogChecker::Totals &total = totals[std::size_t(fault.rule)];
-    ++total.occurrences;
+    total.occurrences += fault.count;
     total.affected += fault.affected;
     const LocatedRecord &lost = m_catalog.record(lostRecord);
     Consequences &known = m_consequences[lost.state == LocatedRecord::Wrapped ? lost.outer : lostRecord];
-    known.affected += 1 + fault.affected;
+    known.affected += fault.count + fault.affected;
     const Position at = fault.place.start;
     if (known.related.size() < mostRelated)
         known.related.append({at.line, at.column, fault.place.field + QStringLiteral(" refers to it")});
 }
 
-void FindingReport::tellConsequences()
+void FindingReport::reportConsequences()
 {
     for (auto known = m_consequences.cbegin(); known != m_consequences.cend(); ++known) {
         const int index = m_losses.value(known.key(), notListed);
@@ -123,23 +134,36 @@ void FindingReport::tellConsequences()
 
 void FindingReport::relate(CatalogFinding &finding, const Place &place, const QString &message)
 {
-    if (finding.related.size() < mostRelated)
-        finding.related.append({place.start.line, place.start.column, message});
+    const qint64 line = place.start.line;
+    const qint64 column = place.start.column;
+    const bool isKnown =
+        (finding.line == line && finding.column == column)
+        || std::any_of(finding.related.cbegin(), finding.related.cend(), [=](const CatalogRelated &related) {
+               return related.line == line && related.column == column;
+           });
+    if (!isKnown && finding.related.size() < mostRelated)
+        finding.related.append({line, column, message});
 }
 
 void FindingReport::finish()
 {
-    tellConsequences();
-    tellDirectives();
+    reportConsequences();
+    if (m_catalog.hasRoot)
+        reportDirectives();
     std::stable_sort(findings.begin(), findings.end(), isBefore);
+}
+
+CatalogSeverity FindingReport::severityOf(const Fault &fault) const
+{
+    const std::size_t rule = std::size_t(fault.rule);
+    return m_settings.isGiven[rule] ? severityAt(m_settings.levels[rule]) : fault.severity;
 }
 
 // Gives its place in the list.
 int FindingReport::addNew(const Fault &fault)
 {
     const auto rule = std::size_t(fault.rule);
-    const CatalogSeverity severity =
-        m_settings.isGiven[rule] ? severityOf(m_settings.levels[rule]) : fault.severity;
+    const CatalogSeverity severity = severityOf(fault);
     ++totals[rule].findings;
     ++countOfSeverity[std::size_t(severity)];
     if (m_settings.findingsPerRule > 0 && totals[rule].findings > m_settings.findingsPerRule)
@@ -157,6 +181,7 @@ int FindingReport::addNew(const Fault &fault)
         finding.key = m_catalog.texts.text(m_catalog.keyOf(fault.place.record)).toString();
     }
     finding.affected = fault.affected;
+    finding.count = fault.count;
     findings.append(finding);
     return findings.size() - 1;
 }
@@ -196,16 +221,17 @@ bool FindingReport::isSuppressed(Rule rule, Position at)
     return inFile >= 0;
 }
 
-void FindingReport::tellDirectives()
+// Of a broken file nobody knows what a directive would turn off.
+void FindingReport::reportDirectives()
 {
     for (std::size_t index = 0; index < m_catalog.directives.size(); ++index) {
         const Directive &directive = m_catalog.directives[index];
-        bool isAsked = true;
+        bool isAsked = m_catalog.isWhole;
         for (const Symbol id : directive.rules) {
             const RuleRow *row = ruleRow(m_catalog.texts.text(id));
             isAsked = isAsked && row && row->use != RuleUse::Refuses && isOn(row->rule);
             if (!row || row->use == RuleUse::Refuses)
-                tellBadRule(directive, id, row);
+                reportBadRule(directive, id, row);
         }
         if (!isAsked || m_isUseful[index])
             continue;
@@ -216,7 +242,7 @@ void FindingReport::tellDirectives()
     }
 }
 
-void FindingReport::tellBadRule(const Directive &directive, Symbol id, const RuleRow *row)
+void FindingReport::reportBadRule(const Directive &directive, Symbol id, const RuleRow *row)
 {
     CatalogFinding *finding = add(Fault(Rule::UnknownDirective, placeAt(directive.at)));
     if (!finding)

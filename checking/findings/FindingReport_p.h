@@ -7,7 +7,6 @@
 
 #include <QHash>
 #include <QMap>
-#include <QPair>
 #include <QVarLengthArray>
 #include <QVector>
 
@@ -15,6 +14,9 @@
 #include <vector>
 
 namespace Orvida::Checking {
+
+/// How many other places a finding lists.
+constexpr int mostRelated = 5;
 
 /// Where a finding is.
 struct Place
@@ -30,9 +32,9 @@ inline Place wholeFile()
 {
     return {};
 }
-/// A point in the file, inside of `record` unless it is -1.
+/// A point in the file, inside `record` unless it is -1.
 Place placeAt(Position at, int record = -1, const QString &field = QString());
-/// Behind the start tag of a record.
+/// After the start tag of a record.
 Place placeOf(const LocatedCatalog &catalog, int record);
 /// The text of a field.
 Place placeOf(const LocatedCatalog &catalog, int record, const LocatedField &field);
@@ -65,12 +67,18 @@ public:
         return *this;
     }
     /// How many further records suffer from it.
-    Fault &affecting(int count)
+    Fault &affecting(int number)
     {
-        affected = count;
+        affected = number;
         return *this;
     }
-    /// The record, or something of it, is lost by it: references to that are not told again.
+    /// Counts this fault as so many.
+    Fault &times(int number)
+    {
+        count = number;
+        return *this;
+    }
+    /// The record, or something of it, is lost by it: references to that are no findings of their own.
     Fault &losing(int record)
     {
         losses.append(record);
@@ -82,10 +90,11 @@ public:
     CatalogSeverity severity;
     qint64 subject = -1;
     int affected = 0;
+    int count = 1;
     QVarLengthArray<int, 2> losses;
 };
 
-/// Takes the faults that rules find, and keeps what is to be told of them: merges those with one cause,
+/// Takes the faults that rules find, and keeps what is to be reported: merges those with one cause,
 /// leaves out what is turned off, lists a limited number and counts the rest.
 class FindingReport
 {
@@ -109,7 +118,7 @@ public:
     /// Counts a fault that is only a consequence: what it names is there, in a record that is lost. Tells so
     /// at the finding on that one.
     void addConsequence(const Fault &fault, int lostRecord);
-    /// Adds a further place, unless there are enough of them.
+    /// Adds a further place, unless it is known already or there are enough of them.
     static void relate(CatalogFinding &finding, const Place &place, const QString &message);
     /// Whether anybody wants to know of the rule.
     bool isOn(Rule rule) const { return m_settings.levels[std::size_t(rule)] != CatalogChecker::Level::Off; }
@@ -129,6 +138,32 @@ private:
         std::size_t directive;
     };
 
+    // A rule, and a thing that it found something about.
+    struct Subject
+    {
+        Rule rule;
+        qint64 thing;
+
+        friend bool operator==(const Subject &a, const Subject &b)
+        {
+            return a.rule == b.rule && a.thing == b.thing;
+        }
+        // Things are often pairs of numbers, which are not to fall together.
+        friend uint qHash(const Subject &subject, uint seed = 0)
+        {
+            const quint64 mixed =
+                (quint64(subject.thing) + quint64(subject.rule)) * Q_UINT64_C(0x9E3779B97F4A7C15);
+            return uint(mixed >> 32) ^ seed;
+        }
+    };
+
+    // What was added for a subject.
+    struct Known
+    {
+        int index; // in `findings`, or that it is not listed
+        CatalogSeverity severity;
+    };
+
     // What refers to a lost record.
     struct Consequences
     {
@@ -137,17 +172,18 @@ private:
     };
 
     void findSuppressions();
-    void tellConsequences();
+    void reportConsequences();
     bool isSuppressed(Rule rule, Position at);
+    CatalogSeverity severityOf(const Fault &fault) const;
     int addNew(const Fault &fault);
-    void tellDirectives();
-    void tellBadRule(const Directive &directive, Symbol id, const RuleRow *row);
+    void merge(const Fault &fault, Known &known);
+    void reportDirectives();
+    void reportBadRule(const Directive &directive, Symbol id, const RuleRow *row);
 
     const LocatedCatalog &m_catalog;
     const Settings &m_settings;
-    /// Places in `findings`, -1 for a finding that is not listed: by rule and subject, and by the record that
-    /// is lost.
-    QHash<QPair<int, qint64>, int> m_subjects;
+    QHash<Subject, Known> m_subjects;
+    /// Places in `findings` by the record that is lost.
     QHash<int, int> m_losses;
     /// By lost record. Kept until the end: the rule that finds the loss may come later.
     QMap<int, Consequences> m_consequences;

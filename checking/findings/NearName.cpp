@@ -22,7 +22,7 @@ bool isFiller(QChar letter)
     return letter.isSpace() || letter == QLatin1Char('-') || letter == QLatin1Char('_');
 }
 
-// Whether nothing but letter case and fillers tells the two apart.
+// Whether the two differ in nothing but letter case and fillers.
 bool isSameName(QStringView a, QStringView b)
 {
     const QChar *first = a.begin();
@@ -50,11 +50,9 @@ int editDistance(QStringView a, QStringView b, int most)
         return 1;
     const bool isSwapped =
         a.size() > 1 && b.size() > 1 && isSameLetter(a.at(0), b.at(1)) && isSameLetter(a.at(1), b.at(0));
-    if (isSwapped)
-        return 1 + editDistance(a.mid(2), b.mid(2), most - 1);
-    return 1
-           + std::min({editDistance(a.mid(1), b.mid(1), most - 1), editDistance(a.mid(1), b, most - 1),
-                       editDistance(a, b.mid(1), most - 1)});
+    const int least = std::min({editDistance(a.mid(1), b.mid(1), most - 1),
+                                editDistance(a.mid(1), b, most - 1), editDistance(a, b.mid(1), most - 1)});
+    return 1 + (isSwapped ? std::min(least, editDistance(a.mid(2), b.mid(2), most - 1)) : least);
 }
 
 } // namespace

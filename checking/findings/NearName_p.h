@@ -1,4 +1,4 @@
-// Finds the name that somebody may have meant. For the checker's own use.
+// Finds the name that may have been intended. For the checker's own use.
 #pragma once
 
 #include <QString>
@@ -6,8 +6,8 @@
 
 namespace Orvida::Checking {
 
-/// The nearest of several names to one that is unknown: the same but for letter case, blanks, hyphens and
-/// underscores; otherwise one that at most two letters, and at most a third of them, tell from it. Of equally
+/// The nearest of several names to one that is unknown: the same but for letter case, spaces, hyphens and
+/// underscores; otherwise one that differs in at most two letters, and in at most a third of them. Of equally
 /// near ones, the first.
 class NearName
 {

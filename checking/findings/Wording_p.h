@@ -1,4 +1,4 @@
-// How findings write what stands in a file. For the checker's own use.
+// How findings quote a file. For the checker's own use.
 #pragma once
 
 #include <QString>

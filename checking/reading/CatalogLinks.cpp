@@ -159,24 +159,13 @@ void CatalogLinks::findItems()
     m_children.sort();
 }
 
-// In file order, as the reader sets the parent: an extension as parent always, a base code where none is set.
 void CatalogLinks::findParent(Item &item) const
 {
-    const Section kind = m_catalog.record(item.record).kind;
-    Symbol key = 0;
-    for (const LocatedField *field = m_catalog.begin(item.record); field != m_catalog.end(item.record);
-         ++field) {
-        const bool isBaseCode =
-            kind == Section::CHAREXT && field->token == int(CharacterExtensionToken::CE_BaseCode_FK);
-        const bool isOther =
-            (kind == Section::CHAREXT && field->token == int(CharacterExtensionToken::CE_CharExt_REF))
-            || (kind == Section::BASECODE && field->token == int(BaseCodeToken::BC_Class_FK));
-        if (!isOther && !(isBaseCode && key == 0))
-            continue;
-        key = field->value;
-        item.parentField = field;
-    }
-    item.parent = itemWith(key);
+    const LocatedField *const end = m_catalog.end(item.record);
+    const LocatedField *const field =
+        std::find_if(m_catalog.begin(item.record), end, [](const LocatedField &one) { return one.isParent; });
+    item.parentField = field == end ? nullptr : field;
+    item.parent = itemWith(field == end ? 0 : field->value);
 }
 
 // Each walk goes up from an item until it meets the root, a missing parent, or an item that was visited

@@ -28,7 +28,7 @@ public:
         /// The parent among the items, `root` or `missing`.
         int parent = root;
         /// Why it is outside the tree: the item without parent, or the first one in the file of the parent
-        /// loop, that it hangs from; -1 inside the tree.
+        /// loop, that it is below; -1 inside the tree.
         int brokenAt = -1;
         /// Inside the tree: its number when the tree is walked from the top down, and the number after the
         /// last one below it.
@@ -62,7 +62,7 @@ public:
     {
         return m_lostKeys[int(space)].of(key);
     }
-    /// The record that a key stands for; `missing` when none has it.
+    /// The record with this key; `missing` when there is none.
     int recordWith(KeySpace space, Symbol key) const;
 
     const std::vector<Item> &items() const { return m_items; }
@@ -82,7 +82,7 @@ public:
     {
         return item == root || (item >= 0 && m_items[std::size_t(item)].brokenAt < 0);
     }
-    /// How many items hang from an item outside the tree, or from the loop that it is in.
+    /// How many items are below an item outside the tree, or below the loop that it is in.
     int brokenBelow(int item) const { return m_brokenBelow.of(item).size(); }
     /// By their first items in the file, in the order of the loop.
     const std::vector<std::vector<int>> &loops() const { return m_loops; }
@@ -139,7 +139,7 @@ private:
     Groups m_entries;
 };
 
-/// The fields that say which item is meant, for the kinds that differ in their names only.
+/// The fields that all kinds of items have, under names of their own.
 struct ItemTokens
 {
     int key;

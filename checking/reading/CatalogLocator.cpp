@@ -2,12 +2,11 @@
 
 #include "catalogs/reading/RecordReader_p.h"
 #include "checking/findings/NearName_p.h"
-
-#include <QRegularExpression>
-#include <QStringList>
+#include "checking/reading/Characters_p.h"
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 namespace Orvida::Checking {
@@ -17,12 +16,13 @@ using Catalogs::ScrambledText;
 
 namespace {
 
-// More of one kind are no help, but would fill the memory.
+// More of one kind would not help, but fill the memory.
 constexpr int mostIncidents = 50000;
-// What is kept of a text or name that is only shown.
+// How much is kept of a text or name that is only shown.
 constexpr int longestShown = 80;
 constexpr std::size_t mostOpenElements = 5;
-constexpr std::size_t tokenCount = 32;
+// No directive is that long.
+constexpr int longestDirective = 4000;
 constexpr QLatin1String directiveStart("check:", 6);
 
 bool isRecord(Section section)
@@ -30,12 +30,23 @@ bool isRecord(Section section)
     return section != Section::Unknown && section != Section::OVCAT;
 }
 
+const std::vector<QString> &recordNames()
+{
+    static const std::vector<QString> names = [] {
+        std::vector<QString> result;
+        for (const CatalogFormat::Record &record : CatalogFormat::records())
+            result.push_back(record.name);
+        return result;
+    }();
+    return names;
+}
+
 // The record that an unknown element was meant to be; `Unknown` when its name is near none.
 Section recordNear(QStringView name)
 {
     NearName near(name);
-    for (const CatalogFormat::Record &record : CatalogFormat::records())
-        near.offer(QString(record.name));
+    for (const QString &known : recordNames())
+        near.offer(known);
     const CatalogFormat::Record *found = CatalogFormat::record(QStringView(near.nearest()));
     return found ? static_cast<Section>(found->token) : Section::Unknown;
 }
@@ -45,19 +56,13 @@ bool isDirective(QStringView comment)
     return comment.trimmed().startsWith(directiveStart);
 }
 
-bool isHexDigit(QChar digit)
-{
-    const ushort c = digit.unicode();
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
-}
-
 bool isHexPairs(const QStringRef &text)
 {
-    return text.length() % 2 == 0 && std::all_of(text.begin(), text.end(), isHexDigit);
+    return text.length() % 2 == 0 && isHex(text);
 }
 
-// Whether hexadecimal pairs as many as `pairs` stand for exactly `decoded`: a replacement character or a lost
-// rest shows that something is wrong with them.
+// Whether `pairs` hexadecimal pairs decode to exactly `decoded`: a replacement character or a lost rest shows
+// that something is wrong with them.
 bool isWholeText(QStringView decoded, int pairs)
 {
     int bytes = 0;
@@ -73,7 +78,7 @@ bool isWholeText(QStringView decoded, int pairs)
 
 } // namespace
 
-CatalogLocator::CatalogLocator(QXmlStreamReader &xml, CatalogReadFailure &refusal, Catalogs::TextPool &pool,
+CatalogLocator::CatalogLocator(LocatedXml &xml, CatalogReadFailure &refusal, Catalogs::TextPool &pool,
                                LocatedCatalog &catalog)
     : m_xml(xml), m_refusal(refusal), m_pool(pool), m_catalog(catalog)
 {
@@ -82,9 +87,7 @@ CatalogLocator::CatalogLocator(QXmlStreamReader &xml, CatalogReadFailure &refusa
 void CatalogLocator::seeOutside()
 {
     switch (m_xml.tokenType()) {
-    case QXmlStreamReader::StartDocument:
-        m_catalog.declaredEncoding = m_xml.documentEncoding().toString();
-        break;
+    case QXmlStreamReader::StartDocument: m_catalog.declaredEncoding = m_xml.documentEncoding(); break;
     case QXmlStreamReader::StartElement: openOutside(); break;
     case QXmlStreamReader::EndElement: close(); break;
     case QXmlStreamReader::Characters: seeStrayText(-1); break;
@@ -149,10 +152,11 @@ bool CatalogLocator::goesOnAfterRefusal()
         m_firstRefusal = m_refusal;
     m_refusal = CatalogReadFailure();
     m_catalog.records[std::size_t(m_record)].state = LocatedRecord::Refused;
+    dropIfNeedless(m_record);
     return true;
 }
 
-void CatalogLocator::skip(QXmlStreamReader &xml)
+void CatalogLocator::skip(LocatedXml &xml)
 {
     const std::size_t depth = m_stack.size();
     startSkipping();
@@ -188,13 +192,6 @@ CatalogReadFailure CatalogLocator::finish()
     return m_firstRefusal;
 }
 
-// Behind the current token. To know that a text ends, the reader has read one character more.
-Position CatalogLocator::here() const
-{
-    const bool isAhead = m_xml.tokenType() == QXmlStreamReader::Characters && !m_xml.isCDATA();
-    return {quint32(m_xml.lineNumber()), quint32(m_xml.columnNumber() + (isAhead ? 0 : 1))};
-}
-
 Symbol CatalogLocator::symbolOf(QStringView shownText)
 {
     return m_catalog.texts.symbol(shownText.left(std::min<qsizetype>(shownText.size(), longestShown)));
@@ -221,14 +218,29 @@ CatalogLocator::Open &CatalogLocator::open(Open::Role role)
     return m_stack.back();
 }
 
+// Keeps only the outermost of elements nested without end: they would take more memory than the file.
+void CatalogLocator::foldOpen()
+{
+    constexpr std::size_t deepest = 100;
+    if (m_stack.size() <= deepest || m_stack.back().role != Open::Other
+        || m_stack[m_stack.size() - 2].role != Open::Other)
+        return;
+    m_stack.pop_back();
+    ++m_stack.back().inner;
+}
+
 void CatalogLocator::close()
 {
+    if (m_stack.back().inner > 0) {
+        --m_stack.back().inner;
+        return;
+    }
     if (m_stack.back().role == Open::LostRecord)
         finishLostRecord(m_stack.back().lost);
     m_stack.pop_back();
 }
 
-// Of a root element there is nothing more to come; all others are begun as records or skipped.
+// Nothing more happens to a root element; all others are begun as records or skipped.
 void CatalogLocator::openOutside()
 {
     open(Open::Other);
@@ -238,25 +250,25 @@ void CatalogLocator::openOutside()
     if (m_stack.size() > 1)
         note(Incident::NestedRoot, -1, here(), m_stack.back().name);
     seeAttributes(-1);
+    foldOpen();
 }
 
-// Attributes with a prefix are meant for other programs, such as an editor that looks for the schema.
 void CatalogLocator::seeAttributes(int record)
 {
-    const QXmlStreamAttributes attributes = m_xml.attributes();
-    for (const QXmlStreamAttribute &attribute : attributes) {
-        if (attribute.prefix().isEmpty())
-            note(Incident::IgnoredAttribute, record, m_stack.back().start, m_stack.back().name,
-                 symbolOf(attribute.name()));
-    }
+    const QStringList names = m_xml.attributeNames();
+    for (const QString &name : names)
+        note(Incident::IgnoredAttribute, record, m_stack.back().start, m_stack.back().name, symbolOf(name));
 }
 
 void CatalogLocator::seeStrayText(int record)
 {
-    if (m_xml.isWhitespace() || m_stack.empty())
-        return;
+    constexpr quint32 startOfCData = 9; // <![CDATA[
     const QStringRef text = m_xml.text();
+    if (m_xml.isWhitespace() || m_stack.empty() || isBlank(text))
+        return;
     Position at = m_tokenStart;
+    if (m_xml.isCDATA())
+        at.column += startOfCData;
     const auto first = std::find_if_not(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
     for (auto character = text.begin(); character != first; ++character)
         at = *character == QLatin1Char('\n') ? Position{at.line + 1, 1} : Position{at.line, at.column + 1};
@@ -270,25 +282,28 @@ void CatalogLocator::seeComment()
         readDirective(QStringView(comment).trimmed().mid(directiveStart.size()));
 }
 
-void CatalogLocator::readDirective(QStringView words)
+void CatalogLocator::readDirective(QStringView text)
 {
-    static const QRegularExpression separators(QStringLiteral("[\\s,]+"));
-    QStringList rules = words.toString().split(separators, Qt::SkipEmptyParts);
+    std::vector<QStringView> words;
+    if (text.size() <= longestDirective)
+        forEachWord(text, [&words](QStringView word) { words.push_back(word); });
     Directive directive;
     directive.at = directive.end = here();
-    directive.isForFile = !rules.isEmpty() && rules.last() == QLatin1String("*");
+    directive.isForFile = !words.empty() && words.back() == QLatin1String("*");
     if (directive.isForFile)
-        rules.removeLast();
-    if (rules.size() < 2 || rules.first() != QLatin1String("off")) {
-        note(Incident::BadDirective, -1, directive.at, 0, symbolOf(words.trimmed()));
+        words.pop_back();
+    if (words.size() < 2 || words.front() != QLatin1String("off")) {
+        note(Incident::BadDirective, -1, directive.at, 0, symbolOf(text.trimmed()));
         return;
     }
-    for (const QString &rule : rules.mid(1))
-        directive.rules.push_back(symbolOf(rule));
+    if (m_catalog.directives.size() >= mostIncidents)
+        return;
+    std::transform(words.begin() + 1, words.end(), std::back_inserter(directive.rules),
+                   [this](QStringView word) { return symbolOf(word); });
     m_catalog.directives.push_back(directive);
 }
 
-// An element in the root has ended: up to here hold the directives that come before it.
+// An element in the root has ended: the directives before it apply up to here.
 void CatalogLocator::endDirectives()
 {
     for (; m_endedDirectives < m_catalog.directives.size(); ++m_endedDirectives)
@@ -303,9 +318,18 @@ int CatalogLocator::addRecord(Section kind, LocatedRecord::State state, Symbol n
     record.name = name;
     record.start = start;
     m_catalog.records.push_back(record);
-    if (m_progress && m_catalog.recordCount() % 1024 == 0)
+    if (m_progress && ++m_addedRecords % 1024 == 0)
         m_progress();
     return m_catalog.recordCount() - 1;
+}
+
+// Lost records without any key are all alike, and millions of them would take more memory than the file.
+void CatalogLocator::dropIfNeedless(int record)
+{
+    const bool isLast = record == m_catalog.recordCount() - 1;
+    const bool isKnown = !m_catalog.incidents.empty() && m_catalog.incidents.back().record == record;
+    if (isLast && !isKnown && m_catalog.record(record).fieldCount == 0 && ++m_keylessCount > mostIncidents)
+        m_catalog.records.pop_back();
 }
 
 void CatalogLocator::openInside(int field)
@@ -317,7 +341,6 @@ void CatalogLocator::openInside(int field)
     if (m_stack.back().field >= 0)
         cutBy(QString(QLatin1Char('<') + m_xml.name() + QLatin1Char('>')));
     const Open parent = m_stack.back();
-    const Section section = CCatalogTokenizer::stringToCatalogToken(m_xml.name());
     Open &element = open(field != 0 ? Open::Field : Open::Other);
     if (field != 0) {
         element.token = quint8(field);
@@ -327,7 +350,8 @@ void CatalogLocator::openInside(int field)
             note(Incident::NestedField, m_record, element.start, element.name, parent.name);
         m_isStyleTag =
             m_catalog.record(m_record).kind == Section::CATALOG && field == int(CatalogInfoToken::CAT_Style);
-    } else if (isRecord(section)) {
+    } else if (const Section section = CCatalogTokenizer::stringToCatalogToken(m_xml.name());
+               isRecord(section)) {
         openLostRecord(section, m_catalog.record(m_record).kind == Section::CATALOG ? LocatedRecord::Wrapped
                                                                                     : LocatedRecord::Nested);
     } else if (parent.role == Open::LostRecord) {
@@ -335,6 +359,7 @@ void CatalogLocator::openInside(int field)
     } else if (parent.role == Open::Record) {
         note(Incident::UnknownField, m_record, element.start, element.name);
     }
+    foldOpen();
 }
 
 void CatalogLocator::seeText(int field)
@@ -345,7 +370,7 @@ void CatalogLocator::seeText(int field)
     else if (element.role == Open::LostKey)
         addLostKey();
     else if (element.lost >= 0)
-        return; // the record is reported as a whole
+        return; // the record as a whole is reported
     else if (element.field >= 0)
         seeCutText(m_stack[std::size_t(element.field)]);
     else if (element.role == Open::Record)
@@ -370,7 +395,7 @@ void CatalogLocator::addValue(int field)
     m_fields.push_back(value);
 }
 
-// The number of the decoded text. Keeps what stands there, too, when the encoder would not have written it.
+// The number of the decoded text. Keeps the original, too, if the encoder would not have written it.
 Symbol CatalogLocator::scrambledValue(const QStringRef &text)
 {
     const QString decoded = m_pool.descrambled(text);
@@ -390,25 +415,33 @@ Symbol CatalogLocator::scrambledValue(const QStringRef &text)
 
 void CatalogLocator::seeCutText(Open &field)
 {
-    if (m_xml.isCDATA())
-        cutBy(u"a CDATA section");
-    if (m_xml.isWhitespace() || field.isCutTold)
+    if (m_xml.isWhitespace() || field.isCutReported || isBlank(m_xml.text()))
         return;
-    field.isCutTold = true;
+    // Only a CDATA section splits a text without another token in between.
+    if (m_xml.isCDATA() || field.cutter == 0)
+        cutBy(m_xml.isCDATA() ? u"a CDATA section" : u"the text after a CDATA section");
+    field.isCutReported = true;
     note(Incident::CutText, m_record, field.hasPiece ? field.pieceEnd : field.start, field.name,
          symbolOf(QStringView(m_xml.text()).trimmed()), field.cutter);
 }
 
-// The reader stands behind the reference, which has as many characters as its name, and two.
+// The reader is past the reference, which has two characters more than its name. A text before it ends there;
+// the reader was ahead when it delivered that text.
 void CatalogLocator::seeEntity()
 {
     const int index = m_stack.back().field;
     if (index < 0 || m_stack.back().lost >= 0)
         return;
-    Position at = here();
-    at.column -= quint32(m_xml.name().length()) + 2;
-    note(Incident::UnresolvedEntity, m_record, at, m_stack[std::size_t(index)].name, symbolOf(m_xml.name()));
-    m_stack[std::size_t(index)].isCutTold = true;
+    Open &field = m_stack[std::size_t(index)];
+    if (std::exchange(field.isCutReported, true))
+        return;
+    if (field.hasPiece && field.cutter == 0) {
+        field.pieceEnd = here();
+        field.pieceEnd.column -= quint32(m_xml.name().length()) + 2;
+        m_fields.back().end = field.pieceEnd;
+    }
+    note(Incident::UnresolvedEntity, m_record, field.hasPiece ? field.pieceEnd : field.start, field.name,
+         symbolOf(m_xml.name()));
 }
 
 void CatalogLocator::cutBy(QStringView what)
@@ -418,7 +451,7 @@ void CatalogLocator::cutBy(QStringView what)
         m_stack[std::size_t(index)].cutter = symbolOf(what);
 }
 
-// Of several values of one field the last counts; of base codes as parents, the first that is not empty.
+// The last of several values of a field counts; of base codes as parents, the first that is not empty.
 void CatalogLocator::overruleFields()
 {
     const bool isExtension = m_catalog.record(m_record).kind == Section::CHAREXT;
@@ -437,12 +470,43 @@ void CatalogLocator::overruleFields()
     }
 }
 
+// As the reader sets the parent: an extension as parent always, a base code where none is set.
+void CatalogLocator::findParent()
+{
+    const Section kind = m_catalog.record(m_record).kind;
+    LocatedField *parent = nullptr;
+    for (LocatedField &field : m_fields) {
+        const bool isBaseCode =
+            kind == Section::CHAREXT && field.token == int(CharacterExtensionToken::CE_BaseCode_FK);
+        const bool isOther =
+            (kind == Section::CHAREXT && field.token == int(CharacterExtensionToken::CE_CharExt_REF))
+            || (kind == Section::BASECODE && field.token == int(BaseCodeToken::BC_Class_FK));
+        if (isOther || (isBaseCode && (!parent || parent->value == 0)))
+            parent = &field;
+    }
+    if (parent)
+        parent->isParent = true;
+}
+
+void CatalogLocator::indexFields(int firstField)
+{
+    std::array<int, tokenCount> &counting = m_catalog.longRecords[m_record];
+    counting.fill(-1);
+    for (std::size_t index = 0; index < m_fields.size(); ++index) {
+        if (!m_fields[index].isOverruled)
+            counting[m_fields[index].token] = firstField + int(index);
+    }
+}
+
 void CatalogLocator::finishRecord()
 {
     overruleFields();
+    findParent();
     LocatedRecord &record = m_catalog.records[std::size_t(m_record)];
     record.firstField = int(m_catalog.fields.size());
     record.fieldCount = int(m_fields.size());
+    if (m_fields.size() > tokenCount)
+        indexFields(record.firstField);
     if (m_clearField >= 0 && m_catalog.firstClearField < 0)
         m_catalog.firstClearField = record.firstField + m_clearField;
     for (const OddScrambledText &odd : m_oddTexts)
@@ -452,7 +516,7 @@ void CatalogLocator::finishRecord()
     endDirectives();
 }
 
-// What the element is, as far as its start tag tells.
+// What the element is, as far as its start tag shows.
 void CatalogLocator::startSkipping()
 {
     Open &element = m_stack.back();
@@ -464,11 +528,19 @@ void CatalogLocator::startSkipping()
         m_skippedKind = Incident::UnknownRoot;
     } else if (CatalogFormat::field(QStringView(m_xml.name()))) {
         m_skippedKind = Incident::FieldOutsideRecord;
-    } else if (const Section meant = recordNear(m_xml.name()); meant != Section::Unknown) {
-        m_wrapper = addRecord(meant, LocatedRecord::Misspelt, element.name, element.start);
+    } else if (nearRecord() != Section::Unknown) {
+        m_wrapper = addRecord(m_nearRecord, LocatedRecord::Misspelt, element.name, element.start);
         element.role = Open::LostRecord;
         element.lost = m_wrapper;
     }
+}
+
+// Of the skipped element. The same one often comes many times.
+Section CatalogLocator::nearRecord()
+{
+    if (std::exchange(m_unknownName, m_skippedName) != m_skippedName)
+        m_nearRecord = recordNear(m_xml.name());
+    return m_nearRecord;
 }
 
 void CatalogLocator::openSkipped()
@@ -476,15 +548,15 @@ void CatalogLocator::openSkipped()
     const bool isInLostRecord = m_stack.back().role == Open::LostRecord;
     const Section section = CCatalogTokenizer::stringToCatalogToken(m_xml.name());
     open(Open::Other);
-    if (m_skippedKind == Incident::UnknownRoot)
-        return;
-    if (isRecord(section))
+    const bool isKnown = m_skippedKind != Incident::UnknownRoot;
+    if (isKnown && isRecord(section))
         openLostRecord(section, LocatedRecord::Wrapped);
-    else if (isInLostRecord)
+    else if (isKnown && isInLostRecord)
         openLostKey(m_xml.name());
+    foldOpen();
 }
 
-// A misspelt record that has records inside was meant for something else.
+// A misspelt record with records inside is a wrapper.
 void CatalogLocator::openLostRecord(Section kind, LocatedRecord::State state)
 {
     if (m_wrapper < 0)
@@ -528,7 +600,14 @@ void CatalogLocator::addLostKey()
                             : m_catalog.texts.symbol(m_xml.text());
     key.start = element.start;
     key.end = here();
-    m_lostKeys.push_back({element.lost, key});
+    // Those of the record are at the end.
+    const auto other = std::find_if(m_lostKeys.rbegin(), m_lostKeys.rend(), [&element](const auto &known) {
+        return known.first != element.lost || known.second.token == element.token;
+    });
+    if (other != m_lostKeys.rend() && other->first == element.lost)
+        other->second = key;
+    else
+        m_lostKeys.push_back({element.lost, key});
 }
 
 // The keys of records inside have been taken away already: those at the end are of this one.
@@ -542,6 +621,7 @@ void CatalogLocator::finishLostRecord(int index)
         m_catalog.fields.push_back(m_lostKeys.back().second);
         ++record.fieldCount;
     }
+    dropIfNeedless(index);
 }
 
 } // namespace Orvida::Checking

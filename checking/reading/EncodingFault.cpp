@@ -12,7 +12,7 @@ namespace Orvida::Checking {
 
 namespace {
 
-constexpr qint64 blockSize = 64 * 1024;
+constexpr qint64 blockSize = Q_INT64_C(64) * 1024;
 constexpr qint64 longestSequence = 8;
 // Of QTextCodec::mibEnum().
 constexpr int utf8 = 106;

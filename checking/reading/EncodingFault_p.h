@@ -24,7 +24,7 @@ struct EncodingFault
 /// The XML reader decodes blocks ahead of what it reads, so that its own position says nothing.
 std::optional<EncodingFault> findEncodingFault(const QString &fileName, const QString &declaredEncoding);
 
-/// Whether a name stands for an encoding of one byte per character.
+/// Whether this is the name of an encoding with one byte per character.
 bool isOneByteEncoding(const QString &name);
 /// Whether the file has bytes beyond ASCII, and is valid UTF-8.
 bool isUtf8File(const QString &fileName);

@@ -4,6 +4,8 @@
 #include <QtGlobal>
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <vector>
 
 namespace Orvida::Checking {
@@ -26,6 +28,12 @@ public:
         class Iterator
         {
         public:
+            using iterator_category = std::input_iterator_tag;
+            using value_type = int;
+            using difference_type = std::ptrdiff_t;
+            using pointer = const int *;
+            using reference = int;
+
             explicit Iterator(const Entry *entry) : m_entry(entry) {}
             int operator*() const { return m_entry->member; }
             Iterator &operator++()
@@ -33,6 +41,7 @@ public:
                 ++m_entry;
                 return *this;
             }
+            bool operator==(Iterator other) const { return m_entry == other.m_entry; }
             bool operator!=(Iterator other) const { return m_entry != other.m_entry; }
 
         private:

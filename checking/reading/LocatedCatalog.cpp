@@ -10,7 +10,6 @@ namespace Orvida::Checking {
 namespace {
 
 constexpr std::size_t kindCount = std::size_t(Section::PARAMX) + 1;
-constexpr std::size_t tokenCount = 32;
 using FormatTable = std::array<std::array<const CatalogFormat::Field *, tokenCount>, kindCount>;
 
 FormatTable formatTable()
@@ -33,6 +32,11 @@ const CatalogFormat::Field &formatOf(Section kind, int token)
 
 const LocatedField *LocatedCatalog::fieldOf(int record, int token) const
 {
+    if (this->record(record).fieldCount > int(tokenCount)) {
+        const auto found = longRecords.find(record);
+        const int index = found == longRecords.end() ? -1 : found->second[std::size_t(token)];
+        return index < 0 ? nullptr : fields.data() + index;
+    }
     const LocatedField *const last = end(record);
     for (const LocatedField *field = begin(record); field != last; ++field) {
         if (field->token == token && !field->isOverruled)

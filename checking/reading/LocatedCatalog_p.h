@@ -1,4 +1,4 @@
-// What stands in a catalog file, and where. For the checker's own use.
+// The contents of a catalog file, with their places. For the checker's own use.
 #pragma once
 
 #include "catalogs/format/CatalogFormat.h"
@@ -10,6 +10,8 @@
 #include <QPair>
 #include <QString>
 
+#include <array>
+#include <map>
 #include <vector>
 
 namespace Orvida::Checking {
@@ -45,7 +47,7 @@ struct LocatedField
 {
     /// Decoded, when the field is scrambled and the file is.
     Symbol value = 0;
-    /// Behind the field's start tag, and behind the last character of the value.
+    /// After the field's start tag, and after the last character of the value.
     Position start;
     Position end;
     /// The field in the enumeration of its record.
@@ -54,6 +56,8 @@ struct LocatedField
     bool isOverruled = false;
     /// Whether it is from a record inside the record.
     bool isFromNested = false;
+    /// Whether a load takes it as the key of the item's parent.
+    bool isParent = false;
 };
 
 /// An element that is a record, or was to be one.
@@ -74,7 +78,7 @@ struct LocatedRecord
     State state = Kept;
     /// The name of an element that is no record's.
     Symbol name = 0;
-    /// Behind the start tag.
+    /// After the start tag.
     Position start;
     /// Of a wrapped or nested record: the record around it.
     int outer = -1;
@@ -101,7 +105,7 @@ struct Incident
         StrayText,          ///< `detail`: the text
         CutText,            ///< `detail`: what is lost; `cutter`: what comes before that
         IgnoredAttribute,   ///< `detail`: the attribute
-        StyleNotAtOnce,     ///< something stands before the text of CAT_Style
+        StyleNotAtOnce,     ///< something precedes the text of CAT_Style
         MisplacedDirective, ///< inside a record
         BadDirective,       ///< `detail`: its words
         KindCount,
@@ -121,8 +125,7 @@ struct Incident
 struct Directive
 {
     Position at;
-    /// The places that it holds for: behind `at`, up to the end of the next element in the root, or
-    /// everywhere.
+    /// Where it applies: after `at`, up to the end of the next element in the root, or everywhere.
     Position end;
     bool isForFile = false;
     /// The words after "off".
@@ -133,10 +136,13 @@ struct Directive
 struct OddScrambledText
 {
     int field = 0;  ///< Index of the field.
-    Symbol raw = 0; ///< As it stands in the file.
+    Symbol raw = 0; ///< As written in the file.
 };
 
-/// All that a check knows of a file, as it stands there; `CatalogLinks` tells what a load makes of it.
+/// More than any record has fields.
+constexpr std::size_t tokenCount = 32;
+
+/// Everything a check knows about a file, as written; `CatalogLinks` knows what a load makes of it.
 ///
 /// Filled by `CatalogLocator`, then only read. Records are in file order. Nothing is kept of a file but its
 /// values, as numbers of `texts`, and positions: about as much as the file itself.
@@ -181,8 +187,9 @@ struct LocatedCatalog
         return isTrue(value(record, token));
     }
     /// The key by which people know a record; 0 when it has none.
-    Symbol keyOf(int record) const;
-    /// What stands in the file for a scrambled value that is not what the encoder writes; otherwise empty.
+    Symbol keyOf(int index) const;
+    /// A scrambled value as written in the file, if the encoder would not have written it so; otherwise
+    /// empty.
     QStringView rawText(const LocatedField &field) const;
     int toNumber(Symbol symbol) const;
     bool isTrue(Symbol symbol) const;
@@ -190,13 +197,16 @@ struct LocatedCatalog
     const LocatedRecord &record(int index) const { return records[std::size_t(index)]; }
     int recordCount() const { return int(records.size()); }
     /// The fields of a record, overruled ones included.
-    const LocatedField *begin(int record) const;
-    const LocatedField *end(int record) const;
-    const CatalogFormat::Field &format(int record, const LocatedField &field) const;
+    const LocatedField *begin(int index) const;
+    const LocatedField *end(int index) const;
+    const CatalogFormat::Field &format(int index, const LocatedField &field) const;
 
     TextTable texts;
     std::vector<LocatedRecord> records;
     std::vector<LocatedField> fields;
+    /// Of records with so many values that looking through them would take long: by token, the index of the
+    /// value that counts, or -1.
+    std::map<int, std::array<int, tokenCount>> longRecords;
     std::vector<Incident> incidents;
     std::vector<Directive> directives;
     /// By field.

@@ -9,7 +9,7 @@ namespace Orvida::Checking {
 
 namespace {
 
-constexpr std::size_t blockLength = 32 * 1024;
+constexpr std::size_t blockLength = std::size_t(32) * 1024;
 
 __extension__ using Product = unsigned __int128;
 

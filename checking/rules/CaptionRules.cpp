@@ -1,6 +1,8 @@
 #include "checking/rules/CaptionRules_p.h"
 
+#include "checking/reading/Characters_p.h"
 #include "checking/rules/Check_p.h"
+#include "checking/rules/FieldTypes_p.h"
 
 #include <set>
 #include <unordered_map>
@@ -10,16 +12,11 @@ namespace Orvida::Checking {
 
 namespace {
 
-bool isBlank(const Check &check, Symbol text)
-{
-    return check.text(text).trimmed().isEmpty();
-}
-
-// Whether a field is missing or blank; not so, when it holds a scrambled text that is told of as wrong.
+// Whether a field is missing or blank, unless it holds a scrambled text that is reported as wrong.
 bool isMissing(const Check &check, int record, int token)
 {
     const LocatedField *field = check.catalog.fieldOf(record, token);
-    return !field || (isBlank(check, field->value) && check.catalog.rawText(*field).isEmpty());
+    return !field || (isBlank(check.text(field->value)) && check.catalog.rawText(*field).isEmpty());
 }
 
 Section kindOf(const Check &check, const CatalogLinks::Item &item)
@@ -37,7 +34,7 @@ Symbol captionOf(const Check &check, const CatalogLinks::Item &item)
     return check.catalog.value(item.record, tokensOf(check, item).caption);
 }
 
-void tellMissingCaption(Check &check, int record, int token)
+void reportMissingCaption(Check &check, int record, int token)
 {
     if (!isMissing(check, record, token))
         return;
@@ -52,22 +49,33 @@ void tellMissingCaption(Check &check, int record, int token)
 
 void findMissingCaptions(Check &check)
 {
+    if (check.clearTexts)
+        return;
     for (const CatalogLinks::Item &item : check.links.items())
-        tellMissingCaption(check, item.record, tokensOf(check, item).caption);
+        reportMissingCaption(check, item.record, tokensOf(check, item).caption);
     std::set<int> used;
     for (const CatalogLinks::InputField &field : check.links.inputFields()) {
         if (field.parameter >= 0 && used.insert(field.parameter).second)
-            tellMissingCaption(check, field.parameter, int(ParameterToken::PARAM_Caption));
+            reportMissingCaption(check, field.parameter, int(ParameterToken::PARAM_Caption));
     }
 }
+
+namespace {
+
+bool isLineBreak(QChar character)
+{
+    return character == QLatin1Char('\n') || character == QLatin1Char('\r')
+           || character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+}
+
+} // namespace
 
 void findPaddedCaptions(Check &check)
 {
     const auto isWanted = [](QStringView text) {
         const QStringView trimmed = text.trimmed();
         return !trimmed.isEmpty()
-               && (trimmed.size() < text.size()
-                   || std::find(text.begin(), text.end(), QLatin1Char('\n')) != text.end());
+               && (trimmed.size() < text.size() || std::any_of(text.begin(), text.end(), isLineBreak));
     };
     check.forEachValue(isWanted, [&](int record, const LocatedField &field) {
         const QLatin1String name = check.catalog.format(record, field).name;
@@ -93,7 +101,7 @@ void findEqualCaptions(Check &check)
             byCaption.add(captionOf(check, check.links.item(child)), child);
         byCaption.sort();
         byCaption.forEach([&](const Groups::Members &equal) {
-            if (equal.size() < 2 || isBlank(check, Symbol(equal.key())))
+            if (equal.size() < 2 || isBlank(check.text(Symbol(equal.key()))))
                 return;
             const int first = check.links.item(equal[0]).record;
             const int second = check.links.item(equal[1]).record;
@@ -109,13 +117,24 @@ void findEqualCaptions(Check &check)
     });
 }
 
+namespace {
+
+bool isVirtualCode(const Check &check, const CatalogLinks::Item &item)
+{
+    return kindOf(check, item) == Section::BASECODE
+           && check.catalog.flag(item.record, BaseCodeToken::BC_IsVirtual);
+}
+
+} // namespace
+
 void findMissingCodes(Check &check)
 {
+    if (check.clearTexts)
+        return;
     for (const CatalogLinks::Item &item : check.links.items()) {
         const Section kind = kindOf(check, item);
-        const bool isVirtual =
-            kind == Section::BASECODE && check.catalog.flag(item.record, BaseCodeToken::BC_IsVirtual);
-        if (kind == Section::CLASS || isVirtual || !isMissing(check, item.record, tokensOf(check, item).code))
+        if (kind == Section::CLASS || isVirtualCode(check, item)
+            || !isMissing(check, item.record, tokensOf(check, item).code))
             continue;
         CatalogFinding *finding =
             check.add(Fault(Rule::MissingCode, placeOf(check.catalog, item.record))
@@ -130,15 +149,14 @@ void findMissingCodes(Check &check)
     }
 }
 
-// Only of codes that are the last ones of their branch: the others are mostly refined before they are
-// recorded.
+// Only of codes without codes below: the others are mostly refined before they are recorded.
 void findMissingObservationTexts(Check &check)
 {
     for (int index = 0; index < int(check.links.items().size()); ++index) {
         const CatalogLinks::Item &item = check.links.item(index);
         const ItemTokens tokens = tokensOf(check, item);
-        if (kindOf(check, item) == Section::CLASS || !check.links.childrenOf(index).isEmpty()
-            || !isMissing(check, item.record, tokens.obsText) || isMissing(check, item.record, tokens.code))
+        if (kindOf(check, item) == Section::CLASS || isVirtualCode(check, item)
+            || !check.links.childrenOf(index).isEmpty() || !isMissing(check, item.record, tokens.obsText))
             continue;
         CatalogFinding *finding =
             check.add(Fault(Rule::MissingObservationText, placeOf(check.catalog, item.record)));
@@ -157,10 +175,11 @@ bool isWordCharacter(QChar character)
     return character.isLetterOrNumber() || character == QLatin1Char('_');
 }
 
-// Placeholders in a text: an at sign that does not follow a letter or digit, with letters, digits or _.
-std::vector<QStringView> placeholdersIn(QStringView text)
+// Calls `visit` with each placeholder in a text: an at sign that does not follow a letter or digit, with
+// letters, digits or _.
+template <typename Visit>
+void forEachPlaceholder(QStringView text, Visit visit)
 {
-    std::vector<QStringView> result;
     for (int start = 0; start < text.size(); ++start) {
         if (text.at(start) != QLatin1Char('@') || (start > 0 && text.at(start - 1).isLetterOrNumber()))
             continue;
@@ -168,10 +187,20 @@ std::vector<QStringView> placeholdersIn(QStringView text)
         while (end < text.size() && isWordCharacter(text.at(end)))
             ++end;
         if (end > start + 1)
-            result.push_back(text.mid(start, end - start));
+            visit(text.mid(start, end - start));
     }
-    return result;
 }
+
+} // namespace
+
+std::vector<QStringView> placeholdersIn(QStringView text)
+{
+    std::vector<QStringView> placeholders;
+    forEachPlaceholder(text, [&](QStringView placeholder) { placeholders.push_back(placeholder); });
+    return placeholders;
+}
+
+namespace {
 
 bool isPlaceholder(QStringView text)
 {
@@ -191,12 +220,14 @@ class PlaceholderPath
 public:
     explicit PlaceholderPath(Check &check)
         : m_check(check),
-          m_isPlaceholder(std::size_t(check.catalog.texts.size())),
-          m_counts(m_isPlaceholder.size()),
-          m_longerCounts(m_isPlaceholder.size()),
+          m_parameters(std::size_t(check.catalog.texts.size()), -1),
+          m_counts(m_parameters.size()),
+          m_longerCounts(m_parameters.size()),
+          m_isAnywhere(m_parameters.size()),
           m_isIncomplete(check.links.items().size())
     {
         markPlaceholders();
+        markStrayFields();
         markLostFields();
     }
 
@@ -204,22 +235,26 @@ public:
 
 private:
     void markPlaceholders();
+    void markStrayFields();
     void markLostFields();
     void enter(int index, int sign);
-    void tellUnknown(const CatalogLinks::Item &item);
-    void tell(const CatalogLinks::Item &item, QStringView placeholder);
+    void reportUnknown(const CatalogLinks::Item &item);
+    void report(const CatalogLinks::Item &item, QStringView placeholder);
     QString hint(QStringView placeholder) const;
     const std::vector<Symbol> &beginningsOf(Symbol placeholder);
-    void tellBeginnings(int index);
-    void tellBeginning(int index, int parameter, Symbol beginning);
+    std::vector<int> fieldsBeginningOthers(int index) const;
+    void reportBeginnings(int index);
+    void reportBeginning(int index, int field, Symbol beginning);
 
     Check &m_check;
     std::vector<int> m_open;
-    /// By text: whether it is a placeholder, how many fields on the way have it, and how many have a
-    /// placeholder that begins with it.
-    std::vector<bool> m_isPlaceholder;
+    /// By text: the first parameter of which it is the placeholder, or -1; how many fields on the way have
+    /// it; and how many have a placeholder that begins with it.
+    std::vector<int> m_parameters;
     std::vector<int> m_counts;
     std::vector<int> m_longerCounts;
+    /// By text: whether it is the placeholder of a field that may belong to any code.
+    std::vector<bool> m_isAnywhere;
     std::unordered_map<Symbol, std::vector<Symbol>> m_beginnings;
     /// Of items: whether a field of theirs is lost, which may have any placeholder.
     std::vector<bool> m_isIncomplete;
@@ -230,8 +265,19 @@ void PlaceholderPath::markPlaceholders()
 {
     m_check.forEachRecord(Section::PARAM, [this](int record) {
         const Symbol placeholder = m_check.catalog.value(record, ParameterToken::PARAM_Placeholder);
-        m_isPlaceholder[std::size_t(placeholder)] = placeholder != 0;
+        int &parameter = m_parameters[std::size_t(placeholder)];
+        if (placeholder != 0 && parameter < 0 && m_check.links.counts(record))
+            parameter = record;
     });
+}
+
+// Fields without a known code.
+void PlaceholderPath::markStrayFields()
+{
+    for (const CatalogLinks::InputField &field : m_check.links.inputFields()) {
+        if (field.item < 0)
+            m_isAnywhere[std::size_t(placeholderOf(m_check, field))] = true;
+    }
 }
 
 void PlaceholderPath::markLostFields()
@@ -259,11 +305,15 @@ void PlaceholderPath::walk()
             enter(m_open.back(), -1);
             m_open.pop_back();
         }
+        const std::vector<int> shorter = fieldsBeginningOthers(index);
         enter(index, 1);
         m_open.push_back(index);
-        if (m_incompleteCount == 0)
-            tellUnknown(item);
-        tellBeginnings(index);
+        if (m_incompleteCount > 0)
+            continue;
+        reportUnknown(item);
+        for (const int field : shorter)
+            reportBeginning(index, field, placeholderOf(m_check, m_check.links.inputField(field)));
+        reportBeginnings(index);
     }
 }
 
@@ -272,7 +322,7 @@ void PlaceholderPath::enter(int index, int sign)
     bool isIncomplete = m_isIncomplete[std::size_t(index)];
     for (const int field : m_check.links.inputFieldsOf(index)) {
         const Symbol placeholder = placeholderOf(m_check, m_check.links.inputField(field));
-        isIncomplete = isIncomplete || m_check.links.inputField(field).parameter < 0;
+        isIncomplete = isIncomplete || !isComplete(m_check, m_check.links.inputField(field));
         m_counts[std::size_t(placeholder)] += sign;
         for (const Symbol beginning : beginningsOf(placeholder))
             m_longerCounts[std::size_t(beginning)] += sign;
@@ -280,20 +330,28 @@ void PlaceholderPath::enter(int index, int sign)
     m_incompleteCount += isIncomplete ? sign : 0;
 }
 
-void PlaceholderPath::tellUnknown(const CatalogLinks::Item &item)
+// A placeholder that occurs several times in a text is reported once.
+void PlaceholderPath::reportUnknown(const CatalogLinks::Item &item)
 {
+    constexpr std::size_t mostRemembered = 1000;
     const int token = tokensOf(m_check, item).obsText;
     const LocatedField *text = token == 0 ? nullptr : m_check.catalog.fieldOf(item.record, token);
     if (!text)
         return;
-    for (const QStringView placeholder : placeholdersIn(m_check.text(text->value))) {
+    std::set<QStringView> reported;
+    forEachPlaceholder(m_check.text(text->value), [&](QStringView placeholder) {
         const Symbol symbol = m_check.catalog.texts.find(placeholder);
-        if (symbol == 0 || m_counts[std::size_t(symbol)] == 0)
-            tell(item, placeholder);
-    }
+        const bool isKnown =
+            symbol != 0 && (m_counts[std::size_t(symbol)] > 0 || m_isAnywhere[std::size_t(symbol)]);
+        if (isKnown || reported.count(placeholder) > 0)
+            return;
+        if (reported.size() < mostRemembered)
+            reported.insert(placeholder);
+        report(item, placeholder);
+    });
 }
 
-void PlaceholderPath::tell(const CatalogLinks::Item &item, QStringView placeholder)
+void PlaceholderPath::report(const CatalogLinks::Item &item, QStringView placeholder)
 {
     const Place place = placeOf(m_check.catalog, item.record, tokensOf(m_check, item).obsText);
     CatalogFinding *finding = m_check.add(Fault(Rule::UnknownPlaceholder, place));
@@ -308,11 +366,13 @@ QString PlaceholderPath::hint(QStringView placeholder) const
 {
     NearName near(placeholder);
     for (const int index : m_open) {
-        for (const int field : m_check.links.inputFieldsOf(index))
-            near.offer(m_check.text(placeholderOf(m_check, m_check.links.inputField(field))));
+        for (const int field : m_check.links.inputFieldsOf(index)) {
+            if (m_check.mayCompare())
+                near.offer(m_check.text(placeholderOf(m_check, m_check.links.inputField(field))));
+        }
     }
     if (near.nearest().compare(placeholder.toString(), Qt::CaseInsensitive) == 0)
-        return didYouMean(near.nearest()) + QStringLiteral(" Placeholders are compared exactly");
+        return didYouMean(near.nearest()) + QStringLiteral(" placeholders are compared exactly");
     return didYouMean(near.nearest());
 }
 
@@ -327,35 +387,48 @@ const std::vector<Symbol> &PlaceholderPath::beginningsOf(Symbol placeholder)
     const QStringView text = m_check.text(placeholder);
     for (int length = 2; length < text.size() && length < longest; ++length) {
         const Symbol beginning = m_check.catalog.texts.find(text.left(length));
-        if (m_isPlaceholder[std::size_t(beginning)])
+        if (m_parameters[std::size_t(beginning)] >= 0)
             beginnings.push_back(beginning);
     }
     return beginnings;
 }
 
-// Hosts that replace placeholders one by one find the shorter one inside of the longer.
-void PlaceholderPath::tellBeginnings(int index)
+// Fields of the item, not entered yet, whose placeholders begin one of a field above.
+std::vector<int> PlaceholderPath::fieldsBeginningOthers(int index) const
 {
-    for (const int number : m_check.links.inputFieldsOf(index)) {
-        const CatalogLinks::InputField &field = m_check.links.inputField(number);
-        const Symbol placeholder = placeholderOf(m_check, field);
-        for (const Symbol beginning : beginningsOf(placeholder)) {
-            if (m_counts[std::size_t(beginning)] > 0)
-                tellBeginning(index, field.parameter, beginning);
-        }
+    std::vector<int> result;
+    for (const int field : m_check.links.inputFieldsOf(index)) {
+        const Symbol placeholder = placeholderOf(m_check, m_check.links.inputField(field));
         if (m_longerCounts[std::size_t(placeholder)] > 0)
-            tellBeginning(index, field.parameter, placeholder);
+            result.push_back(field);
+    }
+    return result;
+}
+
+// Those of the item, or above it, that begin one of its own.
+void PlaceholderPath::reportBeginnings(int index)
+{
+    for (const int field : m_check.links.inputFieldsOf(index)) {
+        for (const Symbol beginning : beginningsOf(placeholderOf(m_check, m_check.links.inputField(field)))) {
+            if (m_counts[std::size_t(beginning)] > 0)
+                reportBeginning(index, field, beginning);
+        }
     }
 }
 
-void PlaceholderPath::tellBeginning(int index, int parameter, Symbol beginning)
+// Hosts that replace placeholders one by one find the shorter one inside the longer.
+void PlaceholderPath::reportBeginning(int index, int field, Symbol beginning)
 {
+    const int parameter = m_parameters[std::size_t(beginning)];
     const Place place = placeOf(m_check.catalog, parameter, ParameterToken::PARAM_Placeholder);
     CatalogFinding *finding = m_check.add(Fault(Rule::PlaceholderBeginsAnother, place).about(beginning));
-    if (finding)
-        finding->message =
-            QStringLiteral("%1 begins another placeholder of %2")
-                .arg(m_check.shownText(beginning), m_check.keyOf(m_check.links.item(index).record));
+    if (!finding)
+        return;
+    finding->message =
+        QStringLiteral("%1 begins another placeholder of %2")
+            .arg(m_check.shownText(beginning), m_check.keyOf(m_check.links.item(index).record));
+    FindingReport::relate(*finding, placeOf(m_check.catalog, m_check.links.inputField(field).record),
+                          QStringLiteral("the field"));
 }
 
 } // namespace
@@ -365,7 +438,7 @@ void findUnknownPlaceholders(Check &check)
     PlaceholderPath(check).walk();
 }
 
-// White space around a placeholder is told of as such.
+// White space around a placeholder is reported as padded-key.
 void findBadPlaceholders(Check &check)
 {
     check.forEachRecord(Section::PARAM, [&](int record) {
@@ -389,11 +462,13 @@ void findRepeatedPlaceholders(Check &check)
 {
     check.links.inputFieldsByItem().forEach([&](const Groups::Members &fields) {
         Groups byPlaceholder;
-        for (const int field : fields)
-            byPlaceholder.add(placeholderOf(check, check.links.inputField(field)), field);
+        for (const int field : fields) {
+            if (isComplete(check, check.links.inputField(field)))
+                byPlaceholder.add(placeholderOf(check, check.links.inputField(field)), field);
+        }
         byPlaceholder.sort();
         byPlaceholder.forEach([&](const Groups::Members &equal) {
-            if (equal.size() < 2 || equal.key() == 0 || fields.key() < 0)
+            if (equal.size() < 2 || equal.key() == 0)
                 return;
             const int first = check.links.inputField(equal[0]).record;
             const int second = check.links.inputField(equal[1]).record;
@@ -422,13 +497,16 @@ void findFieldsWithoutPlaceholder(Check &check)
         const LocatedField *text = token == 0 ? nullptr : check.catalog.fieldOf(item.record, token);
         if (!text)
             continue;
-        for (const QStringView placeholder : placeholdersIn(check.text(text->value)))
-            places.add(check.catalog.texts.find(placeholder), item.enter);
+        forEachPlaceholder(check.text(text->value), [&](QStringView placeholder) {
+            const Symbol symbol = check.catalog.texts.find(placeholder);
+            if (symbol != 0)
+                places.add(symbol, item.enter);
+        });
     }
     places.sort();
     for (const CatalogLinks::InputField &field : check.links.inputFields()) {
         const Symbol placeholder = placeholderOf(check, field);
-        if (field.item < 0 || placeholder == 0 || check.links.item(field.item).brokenAt >= 0)
+        if (placeholder == 0 || !isComplete(check, field) || !check.links.isInTree(field.item))
             continue;
         const CatalogLinks::Item &item = check.links.item(field.item);
         if (places.hasBetween(placeholder, item.enter, item.leave))

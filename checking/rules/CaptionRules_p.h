@@ -1,9 +1,16 @@
 // Rules on captions, codes and observation texts. For the checker's own use.
 #pragma once
 
+#include <QStringView>
+
+#include <vector>
+
 namespace Orvida::Checking {
 
 class Check;
+
+/// The placeholders in a text.
+std::vector<QStringView> placeholdersIn(QStringView text);
 
 void findMissingCaptions(Check &check);
 void findPaddedCaptions(Check &check);

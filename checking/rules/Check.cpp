@@ -28,6 +28,8 @@ Check::Check(const QString &file, const Catalogs::CatalogReadFailure &fault,
                 m_keyless[std::size_t(field->keySpace)].push_back(record);
         }
     }
+    for (std::vector<int> &records : m_keyless)
+        std::reverse(records.begin(), records.end());
 }
 
 QString Check::keyOf(int record) const
@@ -44,12 +46,21 @@ QLatin1String Check::nameOf(int record) const
 QString Check::nearKey(KeySpace space, QStringView key)
 {
     NearName near(key);
-    links.keys(space).forEach([&](const Groups::Members &records) {
-        if (m_comparisons > 0)
-            near.offer(text(Symbol(records.key())));
-        --m_comparisons;
-    });
+    for (const Symbol known : keysIn(space)) {
+        if (!mayCompare())
+            break;
+        near.offer(text(known));
+    }
     return didYouMean(near.nearest());
+}
+
+const std::vector<Symbol> &Check::keysIn(KeySpace space)
+{
+    std::vector<Symbol> &keys = m_keys[std::size_t(space)];
+    if (keys.empty())
+        links.keys(space).forEach(
+            [&keys](const Groups::Members &records) { keys.push_back(Symbol(records.key())); });
+    return keys;
 }
 
 CatalogFinding *Check::addUnknown(Fault fault, KeySpace space, Symbol key)
@@ -72,15 +83,14 @@ CatalogFinding *Check::addUnknown(Fault fault, KeySpace space, Symbol key)
 int Check::keylessRecordFor(KeySpace space, Symbol key)
 {
     std::vector<int> &keyless = m_keyless[std::size_t(space)];
-    const QPair<int, int> place(int(space), key);
-    const auto owner = m_keylessOwners.constFind(place);
-    if (owner != m_keylessOwners.constEnd())
-        return *owner;
+    const auto known = m_keylessOwners.find({space, key});
+    if (known != m_keylessOwners.end())
+        return known->second;
     if (keyless.empty() || !nearKey(space, text(key)).isEmpty())
         return -1;
-    m_keylessOwners.insert(place, keyless.front());
-    const int record = keyless.front();
-    keyless.erase(keyless.begin());
+    const int record = keyless.back();
+    keyless.pop_back();
+    m_keylessOwners.insert({{space, key}, record});
     return record;
 }
 

@@ -7,13 +7,13 @@
 #include "checking/reading/CatalogLinks_p.h"
 #include "checking/reading/LocatedCatalog_p.h"
 
-#include <QHash>
-#include <QPair>
 #include <QString>
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace Orvida::Checking {
@@ -93,6 +93,22 @@ public:
         }
     }
 
+    /// Calls `visit` with each input field and, one by one, the definitions of its column. There may be too
+    /// many of them to look at, of one column in thousands of profiles; then not all are.
+    template <typename Visit>
+    void forEachFieldAndColumn(Visit visit) const
+    {
+        qint64 left = mostVisits;
+        for (const CatalogLinks::InputField &field : links.inputFields()) {
+            const Groups::Members columns = links.columns(field.column);
+            left -= columns.size();
+            if (left < 0)
+                return;
+            for (const int column : columns)
+                visit(field, column);
+        }
+    }
+
     QStringView text(Symbol symbol) const { return catalog.texts.text(symbol); }
     QString shownText(Symbol symbol) const { return shown(text(symbol)); }
     QString quotedText(Symbol symbol) const { return quoted(text(symbol)); }
@@ -101,6 +117,8 @@ public:
     QString lineOf(int record) const { return QString::number(catalog.record(record).start.line); }
     QLatin1String nameOf(int record) const;
 
+    /// Whether one more name may be compared: looking for near names is slow, and a file may hold millions.
+    bool mayCompare() { return m_comparisons > 0 && m_comparisons-- > 0; }
     /// "did you mean X?", for a key that nothing has; empty when no key is near.
     QString nearKey(KeySpace space, QStringView key);
     /// Adds that `fault` refers to a key that no record has: to the finding of a lost record that would have
@@ -116,13 +134,20 @@ public:
     const CatalogLinks &links;
     FindingReport &report;
 
-private:
-    int keylessRecordFor(KeySpace space, Symbol key);
+    static constexpr qint64 mostVisits = 4000000;
 
-    /// Refused records without a key, which are taken for the owners of unknown keys, one each.
-    std::array<std::vector<int>, int(KeySpace::ParameterExtension) + 1> m_keyless;
-    QHash<QPair<int, int>, int> m_keylessOwners;
-    /// How many more names may be compared: looking for near names is slow, and a file may hold millions.
+private:
+    static constexpr std::size_t spaceCount = std::size_t(KeySpace::ParameterExtension) + 1;
+
+    int keylessRecordFor(KeySpace space, Symbol key);
+    const std::vector<Symbol> &keysIn(KeySpace space);
+
+    /// Refused records without a key, the last one first. They are taken for the owners of unknown keys, one
+    /// each.
+    std::array<std::vector<int>, spaceCount> m_keyless;
+    std::map<std::pair<KeySpace, Symbol>, int> m_keylessOwners;
+    /// The keys that there are; filled when they are looked for.
+    std::array<std::vector<Symbol>, spaceCount> m_keys;
     int m_comparisons;
 };
 

@@ -2,6 +2,8 @@
 
 #include "checking/rules/Check_p.h"
 
+#include <QStringList>
+
 namespace Orvida::Checking {
 
 namespace {
@@ -64,16 +66,17 @@ void findNestedRoots(Check &check)
     });
 }
 
-// When there are codes that are lost, other findings say so.
 void findNoCodes(Check &check)
 {
     const auto &records = check.catalog.records;
-    const bool hasCodes = std::any_of(records.begin(), records.end(),
-                                      [](const LocatedRecord &record) { return isItem(record.kind); });
+    const bool hasCodes = std::any_of(records.begin(), records.end(), [](const LocatedRecord &record) {
+        return isItem(record.kind)
+               && (record.state == LocatedRecord::Kept || record.state == LocatedRecord::Refused);
+    });
     if (hasCodes || !check.catalog.isWhole)
         return;
     if (CatalogFinding *finding = check.add(Fault(Rule::NoCodes, wholeFile())))
-        finding->message = QStringLiteral("no codes: the file has no CLASS, BASECODE or CHAREXT");
+        finding->message = QStringLiteral("no codes: no CLASS, BASECODE or CHAREXT is read");
 }
 
 void findMisspeltRecords(Check &check)
@@ -113,7 +116,7 @@ void findWrappedRecords(Check &check)
         const int wrapper = int(records.key());
         Fault fault(Rule::WrappedRecords, placeOf(check.catalog, wrapper));
         if (CatalogFinding *finding = check.add(fault.losing(wrapper).affecting(records.size()))) {
-            finding->message = QStringLiteral("%1 inside of %2: not read")
+            finding->message = QStringLiteral("%1 inside %2: not read")
                                    .arg(counted(records.size(), "record"),
                                         tag(check.text(check.catalog.record(wrapper).name)));
             finding->hint = QStringLiteral("put them directly into the root element");
@@ -132,7 +135,7 @@ void findNestedRecords(Check &check)
         const bool isSameKind = check.catalog.record(located.outer).kind == located.kind;
         if (CatalogFinding *finding = check.add(isSameKind ? fault.losing(located.outer) : fault)) {
             finding->message =
-                QStringLiteral("%1 inside of %2 is not read as a record%3")
+                QStringLiteral("%1 inside %2 is not read as a record%3")
                     .arg(check.nameOf(record), check.nameOf(located.outer),
                          isSameKind ? QStringLiteral("; its fields overwrite those of the outer one")
                                     : QString());
@@ -143,7 +146,7 @@ void findNestedRecords(Check &check)
 
 namespace {
 
-void tellForeignField(Check &check, const Incident &incident, const CatalogFormat::Field &field)
+void reportForeignField(Check &check, const Incident &incident, const CatalogFormat::Field &field)
 {
     const CatalogFormat::Record &record = recordFormat(check, incident.record);
     const Fault fault = Fault(Rule::ForeignField, placeAt(incident.at, incident.record))
@@ -165,7 +168,7 @@ void findUnknownFields(Check &check)
     check.forEachIncident(Incident::UnknownField, [&](const Incident &incident) {
         const QStringView name = check.text(incident.name);
         if (const CatalogFormat::Field *foreign = CatalogFormat::field(name)) {
-            tellForeignField(check, incident, *foreign);
+            reportForeignField(check, incident, *foreign);
             return;
         }
         const CatalogFormat::Record &record = recordFormat(check, incident.record);
@@ -188,7 +191,7 @@ void findFieldsOutsideRecords(Check &check)
         const CatalogFormat::Field *field = CatalogFormat::field(check.text(incident.name));
         if (CatalogFinding *finding = check.add(fault)) {
             finding->field = field->name;
-            finding->message = QStringLiteral("%1 outside of a record is not read").arg(field->name);
+            finding->message = QStringLiteral("%1 outside a record is not read").arg(field->name);
             finding->hint =
                 QStringLiteral("put it into a record %1").arg(CatalogFormat::recordOf(*field)->name);
         }
@@ -202,14 +205,14 @@ void findNestedFields(Check &check)
         const Fault fault = Fault(Rule::NestedField, placeAt(incident.at, incident.record, field))
                                 .about(pairOf(incident.name, incident.detail));
         if (CatalogFinding *finding = check.add(fault)) {
-            finding->message = QStringLiteral("%1 stands inside of %2; it is read all the same")
+            finding->message = QStringLiteral("%1 is inside %2; it is read all the same")
                                    .arg(field, tag(check.text(incident.detail)));
             finding->hint = QStringLiteral("put it directly into the record");
         }
     });
 }
 
-// What a record inside overwrites is told with that record.
+// What a nested record overwrites is reported with that record.
 void findRepeatedFields(Check &check)
 {
     const LocatedCatalog &catalog = check.catalog;
@@ -237,7 +240,7 @@ void findStrayTexts(Check &check)
         if (CatalogFinding *finding =
                 check.add(Fault(Rule::StrayText, placeAt(incident.at, incident.record)))) {
             finding->message =
-                QStringLiteral("text outside of a field is lost: %1").arg(check.quotedText(incident.detail));
+                QStringLiteral("text outside a field is lost: %1").arg(check.quotedText(incident.detail));
             finding->hint = QStringLiteral("remove it, or make it a comment");
         }
     });
@@ -298,7 +301,7 @@ void findIgnoredFields(Check &check)
 
 namespace {
 
-void tellStyle(Check &check, int record)
+void reportStyle(Check &check, int record)
 {
     constexpr qint64 supports3d = Q_INT64_C(1) << 31;
     const LocatedField *style =
@@ -322,17 +325,20 @@ void tellStyle(Check &check, int record)
     }
 }
 
-void tellIdentity(Check &check, int record)
+void reportIdentity(Check &check, int record)
 {
+    QStringList missing;
     for (const CatalogInfoToken token : {CatalogInfoToken::CAT_PK, CatalogInfoToken::CAT_Version}) {
-        if (record >= 0 && check.catalog.value(record, token) != 0)
-            continue;
-        const QLatin1String name = formatOf(Section::CATALOG, int(token)).name;
-        const Place place = record < 0 ? wholeFile() : placeOf(check.catalog, record, token);
-        if (CatalogFinding *finding = check.add(Fault(Rule::NoIdentity, place))) {
-            finding->message = QStringLiteral("no %1").arg(name);
-            finding->hint = QStringLiteral("editions of a catalog are told apart by it");
-        }
+        if (record < 0 || check.catalog.value(record, token) == 0)
+            missing.append(formatOf(Section::CATALOG, int(token)).name);
+    }
+    if (missing.isEmpty())
+        return;
+    const Place place = record < 0 ? wholeFile() : placeOf(check.catalog, record);
+    if (CatalogFinding *finding = check.add(Fault(Rule::NoIdentity, place))) {
+        finding->field = missing.first();
+        finding->message = QStringLiteral("no %1").arg(missing.join(QStringLiteral(" and no ")));
+        finding->hint = QStringLiteral("editions of a catalog are distinguished by it");
     }
 }
 
@@ -354,8 +360,8 @@ void findCatalogInfo(Check &check)
     });
     if (!check.catalog.isWhole)
         return;
-    tellStyle(check, first);
-    tellIdentity(check, first);
+    reportStyle(check, first);
+    reportIdentity(check, first);
 }
 
 void findBadDirectives(Check &check)
@@ -370,7 +376,7 @@ void findBadDirectives(Check &check)
     check.forEachIncident(Incident::MisplacedDirective, [&](const Incident &incident) {
         const Place place = placeAt(incident.at, incident.record);
         if (CatalogFinding *finding = check.add(Fault(Rule::UnknownDirective, place))) {
-            finding->message = QStringLiteral("inside of a record, this comment turns nothing off");
+            finding->message = QStringLiteral("inside a record, this comment turns nothing off");
             finding->hint = QStringLiteral("put it before the record");
         }
     });

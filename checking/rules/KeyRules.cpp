@@ -1,5 +1,6 @@
 #include "checking/rules/KeyRules_p.h"
 
+#include "checking/reading/Characters_p.h"
 #include "checking/rules/Check_p.h"
 #include "checking/rules/ListValues_p.h"
 
@@ -9,7 +10,7 @@ namespace Orvida::Checking {
 
 namespace {
 
-void tellMissingKeys(Check &check, int record)
+void reportMissingKeys(Check &check, int record)
 {
     CatalogFinding *finding =
         check.add(Fault(Rule::MissingKey, placeOf(check.catalog, record)).losing(record));
@@ -29,9 +30,8 @@ void tellMissingKeys(Check &check, int record)
     finding->field = missing.first();
     finding->message = QStringLiteral("a %1 record without %2: the file does not load")
                            .arg(finding->record, missing.join(QStringLiteral(" and ")));
-    finding->hint = raw.isEmpty()
-                        ? QStringLiteral("add what is missing, or remove the record")
-                        : QStringLiteral("what stands there, %1, is no scrambled text").arg(quoted(raw));
+    finding->hint = raw.isEmpty() ? QStringLiteral("add what is missing, or remove the record")
+                                  : QStringLiteral("the text there, %1, is not scrambled").arg(quoted(raw));
 }
 
 } // namespace
@@ -40,21 +40,15 @@ void findMissingKeys(Check &check)
 {
     for (int record = 0; record < check.catalog.recordCount(); ++record) {
         if (check.catalog.record(record).state == LocatedRecord::Refused)
-            tellMissingKeys(check, record);
+            reportMissingKeys(check, record);
     }
 }
 
 namespace {
 
-bool isBlank(QStringView text)
+bool hasPadding(QStringView text)
 {
-    return !text.isEmpty() && text.trimmed().isEmpty();
-}
-
-bool isPadded(QStringView text)
-{
-    const QStringView trimmed = text.trimmed();
-    return !trimmed.isEmpty() && trimmed.size() < text.size();
+    return text.trimmed().size() < text.size();
 }
 
 bool isReference(const CatalogFormat::Field &field)
@@ -67,51 +61,67 @@ KeySpace referredSpace(const CatalogFormat::Field &field)
     return CatalogFormat::field(field.names)->keySpace;
 }
 
-// A reference that names nothing as it is: there the finding on that says which key was meant.
-bool isToldElsewhere(const Check &check, const CatalogFormat::Field &format, Symbol key)
+// The hint says whether that is why the key is unknown.
+void reportPaddedKey(Check &check, const Place &place, const CatalogFormat::Field &format, Symbol key)
 {
-    return isReference(format) && check.links.recordWith(referredSpace(format), key) < 0;
+    CatalogFinding *finding = check.add(Fault(Rule::PaddedKey, place).about(key));
+    if (!finding)
+        return;
+    finding->message =
+        QStringLiteral("%1 has white space around it: %2").arg(finding->field, check.quotedText(key));
+    const Symbol meant = check.catalog.texts.find(check.text(key).trimmed());
+    const bool isMeant = isReference(format) && check.links.recordWith(referredSpace(format), key) < 0
+                         && check.links.recordWith(referredSpace(format), meant) >= 0;
+    finding->hint = isMeant ? QStringLiteral("remove it; then %1 is known").arg(check.quotedText(meant))
+                            : QStringLiteral("remove it here, and wherever the same is named");
 }
 
-void tellPaddedKey(Check &check, const Place &place, Symbol key)
+// The same white space in different fields is no common cause.
+void reportBlankKey(Check &check, int record, const LocatedField &field)
 {
-    if (CatalogFinding *finding = check.add(Fault(Rule::PaddedKey, place).about(key))) {
-        finding->message =
-            QStringLiteral("%1 has white space around it: %2").arg(finding->field, check.quotedText(key));
-        finding->hint = QStringLiteral("remove it here, and wherever the same is named");
-    }
-}
-
-void tellBlankKey(Check &check, const Place &place, Symbol key)
-{
-    if (CatalogFinding *finding = check.add(Fault(Rule::BlankKey, place).about(key))) {
+    const qint64 subject = pairOf(int(check.catalog.record(record).kind) << 8 | field.token, field.value);
+    const Place place = placeOf(check.catalog, record, field);
+    if (CatalogFinding *finding = check.add(Fault(Rule::BlankKey, place).about(subject))) {
         finding->message = QStringLiteral("%1 is nothing but white space").arg(finding->field);
         finding->hint = QStringLiteral("write a key, or remove the field");
     }
 }
 
+// What white space a field may have: codes may be missing, and followers are several words.
+struct KeyUse
+{
+    bool mayBeBlank;
+    bool mayBePadded;
+};
+
+KeyUse keyUse(Section kind, const CatalogFormat::Field &format)
+{
+    const bool isCode = format.keySpace == KeySpace::Code;
+    const bool isKey = format.keySpace != KeySpace::None || isReference(format);
+    const bool isFollower =
+        kind == Section::CHAREXT && format.token == int(CharacterExtensionToken::CE_Follower);
+    const bool isPlaceholder =
+        kind == Section::PARAM && format.token == int(ParameterToken::PARAM_Placeholder);
+    return {!isKey || isCode, !(isKey || isPlaceholder) || isFollower};
+}
+
 } // namespace
 
-// Keys are compared exactly, blanks and line breaks included.
+// Keys are compared exactly, white space included.
 void findBlankKeys(Check &check)
 {
-    const auto isWanted = [](QStringView text) { return isBlank(text) || isPadded(text); };
-    check.forEachValue(isWanted, [&](int record, const LocatedField &field) {
-        if (check.catalog.record(record).isLost() || field.isOverruled)
+    check.forEachValue(hasPadding, [&](int record, const LocatedField &field) {
+        const LocatedRecord &located = check.catalog.record(record);
+        const bool isRead = located.state == LocatedRecord::Kept || located.state == LocatedRecord::Refused;
+        if (!isRead || field.isOverruled)
             return;
         const CatalogFormat::Field &format = check.catalog.format(record, field);
-        const bool isCode = format.keySpace == KeySpace::Code;
-        const bool isKey = format.keySpace != KeySpace::None || isReference(format);
-        const bool isFollower = check.catalog.record(record).kind == Section::CHAREXT
-                                && field.token == int(CharacterExtensionToken::CE_Follower);
-        const bool isPlaceholder = check.catalog.record(record).kind == Section::PARAM
-                                   && field.token == int(ParameterToken::PARAM_Placeholder);
-        const Place place = placeOf(check.catalog, record, field);
-        if (isBlank(check.text(field.value))) {
-            if (isKey && !isCode)
-                tellBlankKey(check, place, field.value);
-        } else if ((isKey || isPlaceholder) && !isFollower && !isToldElsewhere(check, format, field.value)) {
-            tellPaddedKey(check, place, field.value);
+        const KeyUse use = keyUse(located.kind, format);
+        if (!isBlank(check.text(field.value))) {
+            if (!use.mayBePadded)
+                reportPaddedKey(check, placeOf(check.catalog, record, field), format, field.value);
+        } else if (!use.mayBeBlank) {
+            reportBlankKey(check, record, field);
         }
     });
 }
@@ -140,7 +150,7 @@ const LocatedField &keyField(const LocatedCatalog &catalog, int record, KeySpace
     });
 }
 
-void tellRepeated(Check &check, const Fault &fault, int earlier, const QString &consequence)
+void reportRepeated(Check &check, const Fault &fault, int earlier, const QString &consequence)
 {
     const Place &place = fault.place;
     CatalogFinding *finding = check.add(fault);
@@ -162,8 +172,8 @@ void findRepeatedItems(Check &check)
             const int record = records[index];
             const Place place =
                 placeOf(check.catalog, record, keyField(check.catalog, record, KeySpace::Item));
-            tellRepeated(check, Fault(Rule::RepeatedItemKey, place).about(records.key()), records[index - 1],
-                         QStringLiteral("that one is lost"));
+            reportRepeated(check, Fault(Rule::RepeatedItemKey, place).about(records.key()),
+                           records[index - 1], QStringLiteral("that one is lost"));
         }
     });
 }
@@ -178,8 +188,8 @@ void findRepeated(Check &check, KeySpace space, Rule rule)
             const int earlier = records[index - 1];
             if (!isSameRecord(check.catalog, record, earlier)) {
                 const Place place = placeOf(check.catalog, record, keyField(check.catalog, record, space));
-                tellRepeated(check, Fault(rule, place).about(records.key()), earlier,
-                             QStringLiteral("that one is lost"));
+                reportRepeated(check, Fault(rule, place).about(records.key()), earlier,
+                               QStringLiteral("that one is lost"));
                 continue;
             }
             const Fault fault = Fault(Rule::IdenticalRecord, placeOf(check.catalog, record));
@@ -203,7 +213,7 @@ void findRepeatedProfiles(Check &check)
 {
     check.links.keys(KeySpace::Profile).forEach([&](const Groups::Members &records) {
         for (int index = 1; index < records.size(); ++index)
-            tellRepeated(
+            reportRepeated(
                 check,
                 Fault(Rule::RepeatedProfileKey, placeOf(check.catalog, records[index], ProfileToken::PRO_PK))
                     .about(records.key()),
@@ -346,11 +356,11 @@ void findRepeatedMarks(Check &check)
 {
     check.links.keys(KeySpace::ProfileExtension).forEach([&](const Groups::Members &records) {
         for (int index = 1; index < records.size(); ++index)
-            tellRepeated(check,
-                         Fault(Rule::RepeatedMarkKey,
-                               placeOf(check.catalog, records[index], ProfileExtensionToken::CPX_PK))
-                             .about(records.key()),
-                         records[index - 1], QStringLiteral("both are kept"));
+            reportRepeated(check,
+                           Fault(Rule::RepeatedMarkKey,
+                                 placeOf(check.catalog, records[index], ProfileExtensionToken::CPX_PK))
+                               .about(records.key()),
+                           records[index - 1], QStringLiteral("both are kept"));
     });
 }
 

@@ -1,10 +1,13 @@
 #include "checking/rules/ListRules_p.h"
 
-#include "catalogs/reading/FieldConversion_p.h"
+#include "checking/reading/Characters_p.h"
 #include "checking/rules/Check_p.h"
+#include "checking/rules/FieldTypes_p.h"
 #include "checking/rules/ListValues_p.h"
 
 #include <cmath>
+#include <map>
+#include <set>
 
 namespace Orvida::Checking {
 
@@ -12,7 +15,6 @@ namespace {
 
 // Of LC_TypeFlags: what an entry records.
 constexpr int valueFlags = 0x21;
-constexpr int valueIsInternal = 0x20;
 
 QString entryName(const Check &check, int entry)
 {
@@ -24,75 +26,75 @@ QString entryName(const Check &check, int entry)
     return QStringLiteral("the entry in line ") + check.lineOf(entry);
 }
 
-bool isBlank(const Check &check, Symbol text)
-{
-    return check.text(text).trimmed().isEmpty();
-}
-
 } // namespace
 
 // A load builds the entries of each list class, also of one that a later one replaces.
 void findEntriesWithoutValue(Check &check)
 {
-    check.forEachRecord(Section::LC, [&](int list) {
-        for (const int entry : entriesOf(check, list)) {
-            const ListItemToken token = valueToken(check, list, entry);
-            if (!isBlank(check, check.catalog.value(entry, token)))
+    forEachValues(check, false, [&](const Groups::Members &lists) {
+        const ValueChoice choice = valueChoice(check, lists.first());
+        for (const int entry : entriesOf(check, lists.first())) {
+            const ListItemToken token = valueToken(check, choice, entry);
+            if (!isBlank(check.catalog.text(entry, token)))
                 continue;
-            CatalogFinding *finding =
-                check.add(Fault(Rule::EntryWithoutValue, placeOf(check.catalog, entry)).about(entry));
+            const Fault fault = Fault(Rule::EntryWithoutValue, placeOf(check.catalog, entry)).about(entry);
+            CatalogFinding *finding = check.add(Fault(fault).times(lists.size()));
             if (!finding)
                 continue;
-            finding->message = QStringLiteral("an entry of list %1 has no value").arg(listName(check, list));
+            finding->message =
+                QStringLiteral("an entry of list %1 has no value").arg(listName(check, lists.first()));
             finding->hint = QStringLiteral("give it %1").arg(formatOf(Section::LIST, int(token)).name);
         }
     });
 }
 
+namespace {
+
+void reportRepeatedValue(Check &check, bool isDefect, const Groups::Members &entries)
+{
+    const int second = entries[1];
+    const Rule rule = isDefect ? Rule::RepeatedDefectCode : Rule::RepeatedListValue;
+    CatalogFinding *finding =
+        check.add(Fault(rule, placeOf(check.catalog, second)).about(second).times(entries.size() - 1));
+    if (!finding)
+        return;
+    finding->message = QStringLiteral("%1 is the value of %2 and of %3")
+                           .arg(check.quotedText(Symbol(entries.key())), entryName(check, entries[0]),
+                                entryName(check, second));
+    if (isDefect)
+        finding->message += QStringLiteral("; the text of one is lost");
+    FindingReport::relate(*finding, placeOf(check.catalog, entries[0]), QStringLiteral("the other entry"));
+    for (int index = 2; index < entries.size() && index <= mostRelated; ++index)
+        FindingReport::relate(*finding, placeOf(check.catalog, entries[index]), QStringLiteral("the same"));
+}
+
+} // namespace
+
 void findRepeatedListValues(Check &check)
 {
-    check.forEachRecord(Section::LC, [&](int list) {
-        if (!check.links.counts(list))
-            return;
+    forEachValues(check, true, [&](const Groups::Members &lists) {
+        const ValueChoice choice = valueChoice(check, lists.first());
         Groups byValue;
-        for (const int entry : entriesOf(check, list))
-            byValue.add(listValue(check, list, entry), entry);
+        for (const int entry : entriesOf(check, lists.first()))
+            byValue.add(listValue(check, choice, entry), entry);
         byValue.sort();
         byValue.forEach([&](const Groups::Members &entries) {
-            if (entries.size() < 2 || isBlank(check, Symbol(entries.key())))
-                return;
-            const bool isDefect = isDefectList(check, list);
-            const int second = entries[1];
-            CatalogFinding *finding =
-                check.add(Fault(isDefect ? Rule::RepeatedDefectCode : Rule::RepeatedListValue,
-                                placeOf(check.catalog, second))
-                              .about(second));
-            if (!finding)
-                return;
-            finding->message = QStringLiteral("%1 is the value of %2 and of %3")
-                                   .arg(check.quotedText(Symbol(entries.key())), entryName(check, entries[0]),
-                                        entryName(check, second));
-            if (isDefect)
-                finding->message += QStringLiteral("; the text of one is lost");
-            FindingReport::relate(*finding, placeOf(check.catalog, entries[0]),
-                                  QStringLiteral("the other entry"));
+            if (entries.size() > 1 && !isBlank(check.text(Symbol(entries.key()))))
+                reportRepeatedValue(check, choice == ValueChoice::Internal, entries);
         });
     });
 }
 
-// Entries of no list, and those without a value, are told of as such.
 void findEntriesWithoutCaption(Check &check)
 {
     check.forEachRecord(Section::LIST, [&](int entry) {
         const Symbol key = check.catalog.value(entry, ListItemToken::LIST_Class_FK);
         const LocatedField *caption = check.catalog.field(entry, ListItemToken::LIST_Caption);
+        // A text that is not scrambled as it should be is reported as such.
         const bool isOdd = caption && !check.catalog.rawText(*caption).isEmpty();
-        if (isOdd || (caption && !isBlank(check, caption->value)))
+        if (isOdd || (caption && !isBlank(check.text(caption->value))))
             return;
-        const int list = check.links.recordWith(KeySpace::ListClass, key);
-        const bool hasItem = !isBlank(check, check.catalog.value(entry, ListItemToken::LIST_Item));
-        if (list < 0 || isBlank(check, listValue(check, list, entry)))
-            return;
+        const bool hasItem = !isBlank(check.catalog.text(entry, ListItemToken::LIST_Item));
         CatalogFinding *finding =
             check.add(Fault(Rule::EntryWithoutCaption, placeOf(check.catalog, entry))
                           .as(hasItem ? CatalogSeverity::Note : CatalogSeverity::Warning)
@@ -110,20 +112,19 @@ void findEntriesWithoutInternal(Check &check)
 {
     if (!check.report.isOn(Rule::EntryWithoutInternal))
         return;
-    check.forEachRecord(Section::LC, [&](int list) {
-        const bool isAsked = check.links.counts(list) && !isDefectList(check, list)
-                             && check.catalog.number(list, ListClassToken::LC_TypeFlags) & valueIsInternal;
-        if (!isAsked)
+    forEachValues(check, true, [&](const Groups::Members &lists) {
+        const int list = lists.first();
+        const ValueChoice choice = valueChoice(check, list);
+        if (choice != ValueChoice::InternalOrItem && choice != ValueChoice::InternalOrCaption)
             return;
-        const Groups::Members entries = entriesOf(check, list);
         const auto hasInternal = [&](int entry) {
-            return !isBlank(check, check.catalog.value(entry, ListItemToken::LIST_Internal));
+            return !isBlank(check.catalog.text(entry, ListItemToken::LIST_Internal));
         };
-        bool isMixed = false;
-        for (const int entry : entries)
-            isMixed = isMixed || hasInternal(entry);
+        const Groups::Members entries = entriesOf(check, list);
+        if (std::none_of(entries.begin(), entries.end(), hasInternal))
+            return;
         for (const int entry : entries) {
-            if (!isMixed || hasInternal(entry))
+            if (hasInternal(entry))
                 continue;
             CatalogFinding *finding =
                 check.add(Fault(Rule::EntryWithoutInternal, placeOf(check.catalog, entry)).about(list));
@@ -147,8 +148,9 @@ struct Unfit
 Unfit unfitValues(const Check &check, int list)
 {
     Unfit unfit;
+    const ValueChoice choice = valueChoice(check, list);
     for (const int entry : entriesOf(check, list)) {
-        const Symbol value = listValue(check, list, entry);
+        const Symbol value = listValue(check, choice, entry);
         bool isNumber = false;
         const double number = check.catalog.texts.string(value).toDouble(&isNumber);
         if (!isNumber && unfit.noNumber == 0)
@@ -161,20 +163,20 @@ Unfit unfitValues(const Check &check, int list)
     return unfit;
 }
 
-void tellUnfit(Check &check, const CatalogLinks::InputField &field, int list, const Unfit &unfit)
+void reportUnfit(Check &check, const CatalogLinks::InputField &field, int list, const Unfit &unfit)
 {
-    const QString type = field.parameter < 0
-                             ? QString()
-                             : check.catalog.text(field.parameter, ParameterToken::PARAM_DataType).toString();
-    const bool isInteger = type == QLatin1String("INT");
+    const Type type = parameterType(check, field.parameter);
+    const bool isInteger = type == Type::Integer;
     const Symbol wrong = isInteger && unfit.noNumber == 0 ? unfit.fraction : unfit.noNumber;
     const Place place = placeOf(check.catalog, field.record, ParameterExtensionToken::PX_ListClass_ID);
-    if (wrong != 0 && (isInteger || type == QLatin1String("DEC"))) {
+    if (wrong != 0 && isNumeric(type)) {
         CatalogFinding *finding = check.add(Fault(Rule::ListValueType, place).about(field.record));
         if (finding)
             finding->message =
                 QStringLiteral("field %1 is %2, but list %3 has the value %4")
-                    .arg(check.keyOf(field.record), type, listName(check, list), check.quotedText(wrong));
+                    .arg(check.keyOf(field.record),
+                         check.catalog.text(field.parameter, ParameterToken::PARAM_DataType).toString(),
+                         listName(check, list), check.quotedText(wrong));
     }
     const int length = check.catalog.number(field.record, ParameterExtensionToken::PX_Length);
     if (length <= 0 || check.text(unfit.longest).size() <= length)
@@ -190,18 +192,18 @@ void tellUnfit(Check &check, const CatalogLinks::InputField &field, int list, co
 
 void findUnfitListValues(Check &check)
 {
-    QHash<int, Unfit> unfits;
-    for (const CatalogLinks::InputField &field : check.links.inputFields()) {
-        for (const int column : check.links.columns(field.list == 0 ? 0 : field.column)) {
-            const int list =
-                check.links.list(field.list, check.catalog.value(column, ColumnToken::COL_Profile_FK));
-            if (list < 0)
-                continue;
-            if (!unfits.contains(list))
-                unfits.insert(list, unfitValues(check, list));
-            tellUnfit(check, field, list, unfits[list]);
-        }
-    }
+    std::map<qint64, Unfit> unfits;
+    check.forEachFieldAndColumn([&](const CatalogLinks::InputField &field, int column) {
+        const int list =
+            check.links.list(field.list, check.catalog.value(column, ColumnToken::COL_Profile_FK));
+        if (field.list == 0 || list < 0 || !hasTypeAndColumn(check, field))
+            return;
+        const qint64 key = valuesKey(check, list);
+        auto unfit = unfits.find(key);
+        if (unfit == unfits.end())
+            unfit = unfits.insert({key, unfitValues(check, list)}).first;
+        reportUnfit(check, field, list, unfit->second);
+    });
 }
 
 void findDifferentListTexts(Check &check)
@@ -210,9 +212,12 @@ void findDifferentListTexts(Check &check)
         return;
     check.links.lists().forEach([&](const Groups::Members &lists) {
         QHash<Symbol, int> firstEntries;
+        std::set<qint64> seen;
         for (const int list : lists) {
+            if (!seen.insert(valuesKey(check, list)).second)
+                continue;
             for (const int entry : entriesOf(check, list)) {
-                const Symbol value = listValue(check, list, entry);
+                const Symbol value = listValue(check, valueChoice(check, list), entry);
                 const int first = firstEntries.value(value, entry);
                 firstEntries.insert(value, first);
                 const bool isAlike = check.catalog.value(first, ListItemToken::LIST_Caption)

@@ -33,6 +33,7 @@ std::vector<int> sortedProfiles(const Check &check)
     std::sort(profiles.begin(), profiles.end(),
               [](const Profile &a, const Profile &b) { return a.sortOrder < b.sortOrder; });
     std::vector<int> records;
+    records.reserve(profiles.size());
     for (const Profile &profile : profiles)
         records.push_back(profile.record);
     return records;
@@ -73,7 +74,7 @@ QString profileName(const Check &check, int record)
     return check.shownText(check.catalog.value(record, ProfileToken::PRO_PK));
 }
 
-void tellUnknownMark(Check &check, const Marks &marks, int record)
+void reportUnknownMark(Check &check, const Marks &marks, int record)
 {
     const Symbol key = check.catalog.value(record, ProfileExtensionToken::CPX_Profile_FK);
     if (check.links.recordWith(KeySpace::Profile, key) >= 0)
@@ -92,7 +93,7 @@ void tellUnknownMark(Check &check, const Marks &marks, int record)
 }
 
 // Only the first mark of each kind is looked at.
-void tellRepeatedMarks(Check &check, Rule rule, const std::vector<int> &marks, const char *name)
+void reportRepeatedMarks(Check &check, Rule rule, const std::vector<int> &marks, const char *name)
 {
     for (std::size_t index = 1; index < marks.size(); ++index) {
         const Place place = rule == Rule::SeveralStartMarks
@@ -109,7 +110,7 @@ void tellRepeatedMarks(Check &check, Rule rule, const std::vector<int> &marks, c
     }
 }
 
-void tellNoStartMark(Check &check, const Marks &marks)
+void reportNoStartMark(Check &check, const Marks &marks)
 {
     CatalogFinding *finding = check.add(Fault(Rule::NoStartMark, placeOf(check.catalog, marks.chosen)));
     if (!finding)
@@ -123,7 +124,7 @@ void tellNoStartMark(Check &check, const Marks &marks)
 }
 
 // `other` is the profile that follows in order.
-void tellTie(Check &check, const Marks &marks, int other)
+void reportTie(Check &check, const Marks &marks, int other)
 {
     const auto orderOf = [&](int record) {
         return check.catalog.number(record, ProfileToken::PRO_SortOrder);
@@ -142,6 +143,11 @@ void tellTie(Check &check, const Marks &marks, int other)
 }
 
 } // namespace
+
+int chosenProfile(const Check &check)
+{
+    return marksOf(check).chosen;
+}
 
 bool hasNoProfile(const Check &check)
 {
@@ -166,31 +172,29 @@ void findMarks(Check &check)
     if (hasNoProfile(check))
         return;
     const Marks marks = marksOf(check);
-    check.forEachRecord(Section::CPX, [&](int record) { tellUnknownMark(check, marks, record); });
-    tellRepeatedMarks(check, Rule::SeveralStartMarks, marks.starts, "start mark");
-    tellRepeatedMarks(check, Rule::SeveralApplicationMarks, marks.applications, "application mark");
+    check.forEachRecord(Section::CPX, [&](int record) { reportUnknownMark(check, marks, record); });
+    reportRepeatedMarks(check, Rule::SeveralStartMarks, marks.starts, "start mark");
+    reportRepeatedMarks(check, Rule::SeveralApplicationMarks, marks.applications, "application mark");
     const auto other = std::find_if(marks.profiles.begin(), marks.profiles.end(), [&](int profile) {
         return profileName(check, profile) != profileName(check, marks.chosen);
     });
     if (other == marks.profiles.end())
         return;
     if (marks.starts.empty())
-        tellNoStartMark(check, marks);
-    tellTie(check, marks, *other);
+        reportNoStartMark(check, marks);
+    reportTie(check, marks, *other);
 }
 
-// A catalog without any columns has other faults, or no fields.
+// Columns that are lost are reported as lost.
 void findProfilesWithoutColumns(Check &check)
 {
     std::vector<bool> hasColumns(std::size_t(check.catalog.texts.size()));
-    bool isWithColumns = false;
-    check.links.columns().forEach([&](const Groups::Members &records) {
-        isWithColumns = true;
-        for (const int record : records)
+    for (int record = 0; record < check.catalog.recordCount(); ++record) {
+        if (check.catalog.record(record).kind == Section::COL)
             hasColumns[std::size_t(check.catalog.value(record, ColumnToken::COL_Profile_FK))] = true;
-    });
+    }
     check.links.keys(KeySpace::Profile).forEach([&](const Groups::Members &records) {
-        if (!isWithColumns || hasColumns[std::size_t(records.key())])
+        if (hasColumns[std::size_t(records.key())])
             return;
         CatalogFinding *finding =
             check.add(Fault(Rule::ProfileWithoutColumns, placeOf(check.catalog, records.first())));

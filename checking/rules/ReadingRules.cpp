@@ -57,14 +57,14 @@ QString malformedHint(const LocatedCatalog &catalog, const QString &detail)
         const char *hint;
     } hints[] = {
         {"Entity '%1' not declared.", "write the character itself; for an ampersand write &amp;"},
-        {"XML declaration not at start of document.", "remove what stands before <?xml"},
+        {"XML declaration not at start of document.", "remove what precedes <?xml"},
         {"Sequence ']]>' not allowed in content.", "write ]]&gt;"},
         {"Extra content at end of document.", "remove what follows the end tag of the root element"},
-        {"Start tag expected.", "this is no XML file, or something stands before its first tag"},
+        {"Start tag expected.", "this is no XML file, or something precedes its first tag"},
         {"Invalid character reference.", "there is no such character in XML"},
         {"Expected '#' or", "for an ampersand write &amp;"},
         {"Expected ';'", "for an ampersand write &amp;"},
-        {"Expected '>'", "in a comment, two hyphens may not stand side by side"},
+        {"Expected '>'", "a comment may not contain two hyphens in a row"},
         {"Unexpected '", "for < in a text write &lt;"},
     };
     if (begins(detail, "Opening and ending tag mismatch."))
@@ -79,7 +79,7 @@ QString malformedHint(const LocatedCatalog &catalog, const QString &detail)
 }
 
 // Tells the byte, which is where the fault is; the reader's position is elsewhere.
-bool tellWrongEncoding(Check &check)
+bool reportWrongEncoding(Check &check)
 {
     const auto fault = findEncodingFault(check.fileName, check.catalog.declaredEncoding);
     if (!fault)
@@ -92,7 +92,7 @@ bool tellWrongEncoding(Check &check)
     return true;
 }
 
-bool tellUnknownEncoding(Check &check)
+bool reportUnknownEncoding(Check &check)
 {
     const QString &detail = check.readingFault.detail;
     const bool isUnsupported =
@@ -120,9 +120,10 @@ void findReadingFault(Check &check)
         }
         return;
     }
-    if (failure.reason != CatalogReadFailure::NotWellFormed || tellUnknownEncoding(check))
+    if (failure.reason != CatalogReadFailure::NotWellFormed || reportUnknownEncoding(check))
         return;
-    if (failure.detail == readerText("Encountered incorrectly encoded content.") && tellWrongEncoding(check))
+    if (failure.detail == readerText("Encountered incorrectly encoded content.")
+        && reportWrongEncoding(check))
         return;
     const Position at{quint32(failure.line), quint32(failure.column)};
     if (CatalogFinding *finding = check.add(Fault(Rule::NotWellFormed, placeAt(at)))) {
@@ -138,15 +139,15 @@ bool isContinuation(QChar character)
     return character.unicode() >= 0x80 && character.unicode() <= 0xBF;
 }
 
-// Letters that are two bytes of UTF-8, each read as a character.
-bool looksLikeUtf8(QStringView text)
+// How many letters look like two bytes of UTF-8, each read as a character.
+int pairsLikeUtf8(QStringView text)
 {
+    int count = 0;
     for (int i = 0; i + 1 < text.size(); ++i) {
         const ushort lead = text.at(i).unicode();
-        if ((lead == 0xC2 || lead == 0xC3) && isContinuation(text.at(i + 1)))
-            return true;
+        count += (lead == 0xC2 || lead == 0xC3) && isContinuation(text.at(i + 1));
     }
-    return false;
+    return count;
 }
 
 bool hasMoreThanAscii(QStringView text)
@@ -154,33 +155,47 @@ bool hasMoreThanAscii(QStringView text)
     return std::any_of(text.begin(), text.end(), [](QChar character) { return character.unicode() > 127; });
 }
 
+// Whether a value is written in the file as it is.
+bool isPlain(const Check &check, int record, const LocatedField &field)
+{
+    return check.catalog.isReadable || !check.catalog.format(record, field).isScrambled();
+}
+
+void reportSuspiciousEncoding(Check &check, const Place &place, Symbol text, int count, bool isUtf8)
+{
+    CatalogFinding *finding = check.add(Fault(Rule::SuspiciousEncoding, place).times(count));
+    if (!finding)
+        return;
+    finding->message = QStringLiteral("%1 looks like UTF-8 that was read as %2")
+                           .arg(check.quotedText(text), isUtf8 ? check.catalog.declaredEncoding
+                                                               : QStringLiteral("a one-byte encoding"));
+    finding->hint = isUtf8 ? QStringLiteral("declare encoding=\"UTF-8\"")
+                           : QStringLiteral("type the letters again, or convert the file from its origin");
+}
+
 } // namespace
 
 void findSuspiciousEncoding(Check &check)
 {
     constexpr int enough = 3;
-    const QString &declared = check.catalog.declaredEncoding;
-    const bool isUtf8 = isOneByteEncoding(declared) && isUtf8File(check.fileName);
+    const bool isUtf8 = isOneByteEncoding(check.catalog.declaredEncoding) && isUtf8File(check.fileName);
+    const auto isWanted = [isUtf8](QStringView text) {
+        return isUtf8 ? hasMoreThanAscii(text) : pairsLikeUtf8(text) > 0;
+    };
     int count = 0;
     Place first;
     Symbol text = 0;
-    check.forEachValue(isUtf8 ? hasMoreThanAscii : looksLikeUtf8, [&](int record, const LocatedField &field) {
-        if (count++ > 0)
+    check.forEachValue(isWanted, [&](int record, const LocatedField &field) {
+        if (isUtf8 && !isPlain(check, record, field))
             return;
-        first = placeOf(check.catalog, record, field);
-        text = field.value;
+        if (count == 0) {
+            first = placeOf(check.catalog, record, field);
+            text = field.value;
+        }
+        count += isUtf8 ? 1 : pairsLikeUtf8(check.text(field.value));
     });
-    if (count == 0 || (!isUtf8 && count < enough))
-        return;
-    if (CatalogFinding *finding = check.add(Fault(Rule::SuspiciousEncoding, first))) {
-        finding->message =
-            QStringLiteral("%1 looks like UTF-8 that was read as %2")
-                .arg(check.quotedText(text), isUtf8 ? declared : QStringLiteral("a one-byte encoding"));
-        finding->hint = isUtf8
-                            ? QStringLiteral("declare encoding=\"UTF-8\"")
-                            : QStringLiteral("type the letters again, or convert the file from its origin");
-        finding->count = count;
-    }
+    if (count > 0 && (isUtf8 || count >= enough))
+        reportSuspiciousEncoding(check, first, text, count, isUtf8);
 }
 
 void findReplacementCharacters(Check &check)
@@ -189,8 +204,8 @@ void findReplacementCharacters(Check &check)
         return std::find(text.begin(), text.end(), QChar(QChar::ReplacementCharacter)) != text.end();
     };
     check.forEachValue(hasOne, [&](int record, const LocatedField &field) {
-        // Of a scrambled text, other rules tell.
-        if (check.catalog.format(record, field).isScrambled() && !check.catalog.isReadable)
+        // Other rules look at scrambled texts.
+        if (!isPlain(check, record, field))
             return;
         const Place place = placeOf(check.catalog, record, field);
         if (CatalogFinding *finding = check.add(Fault(Rule::ReplacementCharacter, place))) {

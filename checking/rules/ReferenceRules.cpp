@@ -1,11 +1,11 @@
 #include "checking/rules/ReferenceRules_p.h"
 
 #include "catalogs/reading/ScrambledText.h"
+#include "checking/reading/Characters_p.h"
 #include "checking/rules/Check_p.h"
 #include "checking/rules/ProfileRules_p.h"
 
-#include <QRegularExpression>
-#include <QStringList>
+#include <map>
 
 namespace Orvida::Checking {
 
@@ -37,7 +37,7 @@ void hintAtParameterId(const Check &check, CatalogFinding &finding, const Groups
         finding.hint = QStringLiteral("that is the PARAM_ID of %1").arg(check.keyOf(meant.first()));
 }
 
-// The number of what a scrambled text stands for; 0 when the file does not have it.
+// The number of what a scrambled text decodes to; 0 when the file does not have that text.
 Symbol descrambled(const Check &check, Symbol symbol)
 {
     const QString text = check.catalog.texts.string(symbol);
@@ -64,7 +64,7 @@ void findUnknownParents(Check &check)
         CatalogFinding *finding = check.addUnknown(fault, KeySpace::Item, key);
         if (!finding)
             continue;
-        finding->message = QStringLiteral("%1 is outside of the tree: %2")
+        finding->message = QStringLiteral("%1 is outside the tree: %2")
                                .arg(check.keyOf(item.record), unknown(check, place, key));
         if (below > 0)
             finding->message += QStringLiteral("; so are %1 below it").arg(counted(below, "code"));
@@ -73,7 +73,7 @@ void findUnknownParents(Check &check)
 
 namespace {
 
-void tellItem(Check &check, const InputField &field)
+void reportItem(Check &check, const InputField &field)
 {
     const QString key = check.keyOf(field.record);
     if (field.item == CatalogLinks::missing) {
@@ -98,7 +98,7 @@ void tellItem(Check &check, const InputField &field)
 void findItemsOfFields(Check &check)
 {
     for (const InputField &field : check.links.inputFields()) {
-        tellItem(check, field);
+        reportItem(check, field);
         const Symbol code = check.catalog.value(field.record, ParameterExtensionToken::PX_BaseCode_FK);
         const Symbol extension = check.catalog.value(field.record, ParameterExtensionToken::PX_CharExt_FK);
         if (code == 0 || extension == 0)
@@ -115,7 +115,7 @@ void findItemsOfFields(Check &check)
 
 namespace {
 
-void tellOtherKind(Check &check, int record, const LocatedField *field, int item)
+void reportOtherKind(Check &check, int record, const LocatedField *field, int item)
 {
     if (!field || item < 0)
         return;
@@ -142,10 +142,21 @@ void tellOtherKind(Check &check, int record, const LocatedField *field, int item
 
 void findOtherKinds(Check &check)
 {
+    struct Reference
+    {
+        int record;
+        const LocatedField *field;
+        int item;
+    };
+    std::vector<Reference> references;
     for (const CatalogLinks::Item &item : check.links.items())
-        tellOtherKind(check, item.record, item.parentField, item.parent);
+        references.push_back({item.record, item.parentField, item.parent});
     for (const InputField &field : check.links.inputFields())
-        tellOtherKind(check, field.record, field.itemField, field.item);
+        references.push_back({field.record, field.itemField, field.item});
+    std::sort(references.begin(), references.end(),
+              [](const Reference &a, const Reference &b) { return a.record < b.record; });
+    for (const Reference &reference : references)
+        reportOtherKind(check, reference.record, reference.field, reference.item);
 }
 
 void findParametersOfFields(Check &check)
@@ -206,7 +217,7 @@ void findColumnsOfFields(Check &check)
 
 namespace {
 
-// The profiles that have a definition of the column, lost ones included: those are told of as lost.
+// The profiles that have a definition of the column, lost ones included: those are reported as lost.
 std::vector<Symbol> profilesOf(const Check &check, Symbol column)
 {
     std::vector<Symbol> profiles;
@@ -219,24 +230,6 @@ std::vector<Symbol> profilesOf(const Check &check, Symbol column)
     return profiles;
 }
 
-// Names some of the profiles of the file that are not among `profiles`.
-QString otherProfiles(const Check &check, const std::vector<Symbol> &profiles)
-{
-    constexpr int mostNamed = 3;
-    QStringList names;
-    int count = 0;
-    check.links.keys(KeySpace::Profile).forEach([&](const Groups::Members &records) {
-        const Symbol profile = Symbol(records.key());
-        if (std::binary_search(profiles.begin(), profiles.end(), profile))
-            return;
-        if (count++ < mostNamed)
-            names.append(check.shownText(profile));
-    });
-    const QString all = names.join(QStringLiteral(", "));
-    return count <= mostNamed ? all
-                              : QStringLiteral("%1 and %2 more").arg(all, QString::number(count - mostNamed));
-}
-
 int definedCount(const Check &check, const std::vector<Symbol> &profiles)
 {
     return int(std::count_if(profiles.begin(), profiles.end(), [&](Symbol profile) {
@@ -244,36 +237,54 @@ int definedCount(const Check &check, const std::vector<Symbol> &profiles)
     }));
 }
 
-int profileCount(const Check &check)
+std::vector<Symbol> definedProfiles(const Check &check)
 {
-    int count = 0;
-    check.links.keys(KeySpace::Profile).forEach([&](const Groups::Members &) { ++count; });
-    return count;
+    std::vector<Symbol> profiles;
+    check.links.keys(KeySpace::Profile).forEach([&](const Groups::Members &records) {
+        profiles.push_back(Symbol(records.key()));
+    });
+    return profiles;
+}
+
+// `profiles` says which.
+void reportMissingColumn(Check &check, const Groups::Members &records, const QString &profiles, int count)
+{
+    const auto column = Symbol(records.key());
+    const int fields = check.links.inputFieldsOfColumn(column).size();
+    const Place place = placeOf(check.catalog, records.first());
+    CatalogFinding *finding =
+        check.add(Fault(Rule::ColumnMissingInProfile, place).times(count).affecting(fields));
+    if (!finding)
+        return;
+    finding->message =
+        QStringLiteral("column %1 is not in %2: %3 missing there")
+            .arg(check.shownText(column), profiles,
+                 fields == 1 ? QStringLiteral("1 field is") : QStringLiteral("%1 fields are").arg(fields));
+    finding->hint = QStringLiteral("add a COL for each profile that is to show them");
 }
 
 } // namespace
 
+// A column that many profiles lack is one finding.
 void findColumnsMissingInProfiles(Check &check)
 {
-    const int all = profileCount(check);
+    constexpr int mostListed = 20;
+    const std::vector<Symbol> all = definedProfiles(check);
     check.links.columns().forEach([&](const Groups::Members &records) {
-        const auto column = Symbol(records.key());
-        const int fields = check.links.inputFieldsOfColumn(column).size();
-        const std::vector<Symbol> profiles = profilesOf(check, column);
-        const int defined = definedCount(check, profiles);
-        if (fields == 0 || defined == 0 || defined == all)
+        if (check.links.inputFieldsOfColumn(Symbol(records.key())).isEmpty())
             return;
-        CatalogFinding *finding = check.add(
-            Fault(Rule::ColumnMissingInProfile, placeOf(check.catalog, records.first())).affecting(fields));
-        if (finding) {
-            finding->message =
-                QStringLiteral("column %1 is not in %2 %3: %4 missing there")
-                    .arg(check.shownText(column),
-                         all - defined == 1 ? QStringLiteral("profile") : QStringLiteral("profiles"),
-                         otherProfiles(check, profiles),
-                         fields == 1 ? QStringLiteral("1 field is")
-                                     : QStringLiteral("%1 fields are").arg(fields));
-            finding->hint = QStringLiteral("add a COL for each profile that is to show them");
+        const std::vector<Symbol> profiles = profilesOf(check, Symbol(records.key()));
+        const int defined = definedCount(check, profiles);
+        const int missing = int(all.size()) - defined;
+        if (defined == 0 || missing == 0)
+            return;
+        if (missing > mostListed) {
+            reportMissingColumn(check, records, QStringLiteral("%1 profiles").arg(missing), missing);
+            return;
+        }
+        for (const Symbol profile : all) {
+            if (!std::binary_search(profiles.begin(), profiles.end(), profile))
+                reportMissingColumn(check, records, QStringLiteral("profile ") + check.shownText(profile), 1);
         }
     });
 }
@@ -303,42 +314,76 @@ void findListsOfFields(Check &check)
 
 namespace {
 
-// Of the fields with one list and one column, all have the same profiles.
-void tellMissingLists(Check &check, const InputField &field)
+// Input fields with one list and one column: they have the same profiles.
+using AlikeFields = Groups::Members;
+
+void reportMissingList(Check &check, const AlikeFields &fields, Symbol profile)
 {
-    for (const int column : check.links.columns(field.column)) {
-        const Symbol profile = check.catalog.value(column, ColumnToken::COL_Profile_FK);
-        if (check.links.list(field.list, profile) >= 0
-            || check.links.recordWith(KeySpace::Profile, profile) < 0)
-            continue;
-        const Place place = placeOf(check.catalog, field.record, ParameterExtensionToken::PX_ListClass_ID);
-        CatalogFinding *finding =
-            check.add(Fault(Rule::ListMissingInProfile, place).about(pairOf(field.list, profile)));
-        if (!finding)
-            continue;
-        finding->message = QStringLiteral("list %1 is not in profile %2: anything can be typed in there")
-                               .arg(check.shownText(field.list), check.shownText(profile));
-        finding->hint = QStringLiteral("add an LC with this id for the profile, and entries");
-    }
+    const InputField &first = check.links.inputField(fields.first());
+    const Place place = placeOf(check.catalog, first.record, ParameterExtensionToken::PX_ListClass_ID);
+    CatalogFinding *finding = check.add(
+        Fault(Rule::ListMissingInProfile, place).about(pairOf(first.list, profile)).times(fields.size()));
+    if (!finding)
+        return;
+    finding->message = QStringLiteral("list %1 is not in profile %2: anything can be typed in there")
+                           .arg(check.shownText(first.list), check.shownText(profile));
+    finding->hint = QStringLiteral("add an LC with this id for the profile, and entries");
+}
+
+// In the order of their first fields.
+std::vector<AlikeFields> alikeFields(const Groups &groups)
+{
+    std::vector<AlikeFields> result;
+    groups.forEach([&](const AlikeFields &fields) { result.push_back(fields); });
+    std::sort(result.begin(), result.end(),
+              [](const AlikeFields &a, const AlikeFields &b) { return a.first() < b.first(); });
+    return result;
 }
 
 } // namespace
 
 void findListsMissingInProfiles(Check &check)
 {
-    Groups alike;
+    Groups groups;
     for (int index = 0; index < int(check.links.inputFields().size()); ++index) {
         const InputField &field = check.links.inputField(index);
         const bool isKnown = !check.links.lists(field.list).isEmpty()
                              && check.links.lostRecordsWith(KeySpace::ListClassId, field.list).isEmpty();
         if (field.list != 0 && isKnown)
-            alike.add(pairOf(field.list, field.column), index);
+            groups.add(pairOf(field.list, field.column), index);
     }
-    alike.sort();
-    alike.forEach([&](const Groups::Members &fields) {
-        tellMissingLists(check, check.links.inputField(fields.first()));
-    });
+    groups.sort();
+    qint64 left = Check::mostVisits / 10;
+    for (const AlikeFields &fields : alikeFields(groups)) {
+        const InputField &first = check.links.inputField(fields.first());
+        const Groups::Members columns = check.links.columns(first.column);
+        left -= columns.size();
+        if (left < 0)
+            return;
+        for (const int column : columns) {
+            const Symbol profile = check.catalog.value(column, ColumnToken::COL_Profile_FK);
+            if (check.links.list(first.list, profile) < 0
+                && check.links.recordWith(KeySpace::Profile, profile) >= 0)
+                reportMissingList(check, fields, profile);
+        }
+    }
 }
+
+namespace {
+
+// By key: whether a list class has entries that are reported as lost.
+std::vector<bool> classesOfLostEntries(const Check &check)
+{
+    std::vector<bool> result(std::size_t(check.catalog.texts.size()));
+    for (int record = 0; record < check.catalog.recordCount(); ++record) {
+        const LocatedRecord &located = check.catalog.record(record);
+        if (located.kind == Section::LIST && located.isLost())
+            result[std::size_t(check.catalog.value(record, ListItemToken::LIST_Class_FK))] = true;
+    }
+    return result;
+}
+
+} // namespace
 
 void findEmptyLists(Check &check)
 {
@@ -346,9 +391,11 @@ void findEmptyLists(Check &check)
     for (const InputField &field : check.links.inputFields())
         fieldsByList.add(field.list, field.record);
     fieldsByList.sort();
+    const std::vector<bool> hasLostEntries = classesOfLostEntries(check);
     check.forEachRecord(Section::LC, [&](int record) {
         const Symbol key = check.catalog.value(record, ListClassToken::LC_PK);
-        if (key == 0 || !check.links.counts(record) || !check.links.entries(key).isEmpty())
+        if (key == 0 || !check.links.counts(record) || !check.links.entries(key).isEmpty()
+            || hasLostEntries[std::size_t(key)])
             return;
         const Symbol list = check.catalog.value(record, ListClassToken::LC_Class_ID);
         const int fields = fieldsByList.of(list).size();
@@ -398,7 +445,7 @@ void findUnknownListClasses(Check &check)
 namespace {
 
 template <typename Token>
-void tellUnknownProfiles(Check &check, Section kind, Token token)
+void reportUnknownProfiles(Check &check, Section kind, Token token)
 {
     Groups records;
     check.forEachRecord(kind, [&](int record) { records.add(check.catalog.value(record, token), record); });
@@ -428,8 +475,8 @@ void findUnknownProfiles(Check &check)
 {
     if (hasNoProfile(check))
         return;
-    tellUnknownProfiles(check, Section::COL, ColumnToken::COL_Profile_FK);
-    tellUnknownProfiles(check, Section::LC, ListClassToken::LC_Profile_FK);
+    reportUnknownProfiles(check, Section::COL, ColumnToken::COL_Profile_FK);
+    reportUnknownProfiles(check, Section::LC, ListClassToken::LC_Profile_FK);
 }
 
 void findUnknownEntryParameters(Check &check)
@@ -469,7 +516,7 @@ bool isUnknownCode(const Check &check, Symbol code)
     return code == 0 || check.links.recordsWith(KeySpace::Code, code).isEmpty();
 }
 
-void tellCloseCode(Check &check, int record, int token)
+void reportCloseCode(Check &check, int record, int token)
 {
     const LocatedField *field = check.catalog.fieldOf(record, token);
     if (!field || field->value == 0 || !isUnknownCode(check, field->value))
@@ -481,37 +528,50 @@ void tellCloseCode(Check &check, int record, int token)
             QStringLiteral("%1 %2 is no code").arg(place.field, check.quotedText(field->value));
 }
 
-void tellFollowers(Check &check, int record)
+// Unknown words that are no other text of the file, by the order in which they came.
+using UnknownWords = std::map<QString, int>;
+
+void reportFollower(Check &check, const Place &place, QStringView code, UnknownWords &unknownWords)
 {
-    static const QRegularExpression separators(QStringLiteral("[\\s,;]+"));
-    const LocatedField *field = check.catalog.field(record, CharacterExtensionToken::CE_Follower);
-    if (!field)
+    constexpr std::size_t mostListed = 10000;
+    const Symbol symbol = check.catalog.texts.find(code);
+    if (!isUnknownCode(check, symbol))
         return;
-    const QStringList codes = check.catalog.texts.string(field->value).split(separators, Qt::SkipEmptyParts);
-    for (const QString &code : codes) {
-        if (!isUnknownCode(check, check.catalog.texts.find(code)))
-            continue;
-        const Place place = placeOf(check.catalog, record, *field);
-        CatalogFinding *finding = check.add(Fault(Rule::UnknownFollower, place).about(field->value));
-        if (!finding)
-            continue;
-        finding->message = QStringLiteral("in %1, %2 is no code").arg(place.field, quoted(code));
-        finding->hint = check.nearKey(KeySpace::Code, code);
+    Fault fault(Rule::UnknownFollower, place);
+    if (symbol == 0) {
+        const auto number = int(unknownWords.size());
+        fault.about(qint64(check.catalog.texts.size())
+                    + (unknownWords.size() < mostListed
+                           ? unknownWords.insert({shown(code), number}).first->second
+                           : number));
     }
+    CatalogFinding *finding =
+        symbol != 0 ? check.addUnknown(fault, KeySpace::Code, symbol) : check.add(fault);
+    if (!finding)
+        return;
+    finding->message = QStringLiteral("in %1, %2 is no code").arg(place.field, quoted(code));
+    finding->hint = check.nearKey(KeySpace::Code, code);
 }
 
 } // namespace
 
 void findUnknownCodes(Check &check)
 {
+    UnknownWords unknownWords;
     for (const CatalogLinks::Item &item : check.links.items()) {
         const Section kind = check.catalog.record(item.record).kind;
         if (kind == Section::BASECODE)
-            tellCloseCode(check, item.record, int(BaseCodeToken::BC_CloseCode));
+            reportCloseCode(check, item.record, int(BaseCodeToken::BC_CloseCode));
         if (kind != Section::CHAREXT)
             continue;
-        tellCloseCode(check, item.record, int(CharacterExtensionToken::CE_CloseCode));
-        tellFollowers(check, item.record);
+        reportCloseCode(check, item.record, int(CharacterExtensionToken::CE_CloseCode));
+        const LocatedField *followers =
+            check.catalog.field(item.record, CharacterExtensionToken::CE_Follower);
+        if (!followers)
+            continue;
+        const Place place = placeOf(check.catalog, item.record, *followers);
+        forEachWord(check.text(followers->value),
+                    [&](QStringView code) { reportFollower(check, place, code, unknownWords); });
     }
 }
 

@@ -34,8 +34,8 @@ constexpr RuleRow readingRules[] = {
 
     {Rule::NotWellFormed, "not-well-formed", error, refuses, findReadingFault,
      "the file is not well-formed XML",
-     "The place is where the XML reader gave up; the cause often stands a little before it. The rest of the file "
-     "is unknown, so rules that compare records are not asked.",
+     "The place is where the XML reader gave up; the cause is often a little before it. The rest of the file "
+     "is unknown, so rules that compare records are not applied.",
      R"(<OVCAT>
 <CLASS><CLASS_PK>CL-A</CLASS_PK><CLASS_Item>Walls & ceilings</CLASS_Item></CLASS>
 </OVCAT>)",
@@ -59,8 +59,8 @@ constexpr RuleRow readingRules[] = {
 
     {Rule::SuspiciousEncoding, "suspicious-encoding", warning, on, findSuspiciousEncoding,
      "texts look like UTF-8 that was read as something else",
-     "The file declares an encoding of one byte per letter, but all of it is valid UTF-8; or at least three values "
-     "hold pairs of letters, such as Ã and ©, that one letter becomes when its bytes are taken for two letters.",
+     "The file declares an encoding of one byte per letter, but all of it is valid UTF-8; or in at least three "
+     "places, texts hold pairs of letters, such as Ã and ©, that one letter becomes when its bytes are taken for two letters.",
      R"(<?xml version="1.0" encoding="ISO-8859-1"?>
 <OVCAT><CLASS><CLASS_PK>CL-A</CLASS_PK><CLASS_Item>Plafond voûté</CLASS_Item></CLASS></OVCAT>)",
      R"(<?xml version="1.0" encoding="UTF-8"?>
@@ -98,7 +98,7 @@ constexpr RuleRow elementRules[] = {
     {Rule::UnknownRoot, "unknown-root", error, on, findUnknownRoot,
      "the root element is no OVCAT",
      "A load reads nothing in a root element of another name, and succeeds with an empty catalog. A record as the "
-     "root element is read, but only that one. No other rule is asked of such a file.",
+     "root element is read, but only that one. No other rule is applied to such a file.",
      R"(<CATALOGS><CLASS><CLASS_PK>CL-A</CLASS_PK></CLASS></CATALOGS>)",
      R"(<OVCAT><CLASS><CLASS_PK>CL-A</CLASS_PK></CLASS></OVCAT>)"},
 
@@ -116,7 +116,7 @@ constexpr RuleRow elementRules[] = {
 
     {Rule::NoCodes, "no-codes", warning, on, findNoCodes,
      "the catalog has no codes",
-     "The file has no record CLASS, BASECODE or CHAREXT.",
+     "No CLASS, BASECODE or CHAREXT is read.",
      R"(<OVCAT><CATALOG><CAT_Style>0</CAT_Style></CATALOG></OVCAT>)",
      R"(<OVCAT><CATALOG><CAT_Style>0</CAT_Style></CATALOG>
 <BASECODE><BC_PK>BC-1</BC_PK></BASECODE></OVCAT>)"},
@@ -135,7 +135,7 @@ constexpr RuleRow elementRules[] = {
      R"(<!-- 2024-05-02: first edition -->)"},
 
     {Rule::WrappedRecords, "wrapped-records", error, on, findWrappedRecords,
-     "records are inside of an element that is skipped",
+     "records are inside an element that is skipped",
      "Records are read directly in the root element only. Elements that are no records are skipped with all that is "
      "in them, and so is CATALOG. References to the records are not reported on their own.",
      R"(<CODES>
@@ -144,7 +144,7 @@ constexpr RuleRow elementRules[] = {
      R"(<CLASS><CLASS_PK>CL-WATER</CLASS_PK><CLASS_Item>Water</CLASS_Item><CLASS_SortOrder>20</CLASS_SortOrder></CLASS>)"},
 
     {Rule::NestedRecord, "nested-record", error, on, findNestedRecords,
-     "a record is inside of a record",
+     "a record is inside a record",
      "It is no record of its own. When it is of the same kind, its fields overwrite those of the outer one, the key "
      "included.",
      R"(<CLASS>
@@ -201,7 +201,7 @@ constexpr RuleRow elementRules[] = {
 
     {Rule::FieldOutsideRecord, "field-outside-record", warning, on, findFieldsOutsideRecords,
      "a field is directly in the root",
-     "Fields are read inside of records only. A record may have ended too early.",
+     "Fields are read inside records only. A record may have ended too early.",
      R"(<CLASS>
   <CLASS_PK>CL-WATER</CLASS_PK><CLASS_Item>Water</CLASS_Item><CLASS_SortOrder>20</CLASS_SortOrder>
 </CLASS>
@@ -212,7 +212,7 @@ constexpr RuleRow elementRules[] = {
 </CLASS>)"},
 
     {Rule::NestedField, "nested-field", note, on, findNestedFields,
-     "a field is inside of another element of its record",
+     "a field is inside another element of its record",
      "It is read all the same.",
      R"(<CLASS>
   <CLASS_PK>CL-WATER</CLASS_PK><CLASS_SortOrder>20</CLASS_SortOrder>
@@ -237,7 +237,7 @@ constexpr RuleRow elementRules[] = {
 </CLASS>)"},
 
     {Rule::StrayText, "stray-text", warning, on, findStrayTexts,
-     "a text outside of fields",
+     "a text outside fields",
      "A text directly in a record or in the root is not read. Often a tag has been lost.",
      R"(<CLASS>
   <CLASS_PK>CL-WATER</CLASS_PK><CLASS_Item>Water</CLASS_Item><CLASS_SortOrder>20</CLASS_SortOrder>
@@ -263,8 +263,8 @@ constexpr RuleRow elementRules[] = {
 
     {Rule::AttributeIgnored, "attribute-ignored", warning, on, findIgnoredAttributes,
      "an element has an attribute",
-     "Attributes of the root, of records and of fields are not read. Attributes with a prefix are left alone: they "
-     "are meant for other programs.",
+     "Attributes of the root, of records and of fields are not read. Those that are meant for other programs, such "
+     "as xml:lang and xsi:schemaLocation, are left alone.",
      R"(<CLASS Remarks="Not in dry tunnels">
   <CLASS_PK>CL-WATER</CLASS_PK><CLASS_Item>Water</CLASS_Item><CLASS_SortOrder>20</CLASS_SortOrder>
 </CLASS>)",
@@ -341,8 +341,8 @@ constexpr RuleRow keyRules[] = {
 
     {Rule::PaddedKey, "padded-key", warning, on, findBlankKeys,
      "a key, reference, code or placeholder has white space around it",
-     "Keys are compared exactly, blanks and line breaks included. A reference that names nothing for this reason is "
-     "reported as such.",
+     "Keys are compared exactly, spaces and line breaks included. A reference that names nothing for this reason is "
+     "also reported as unknown.",
      R"(<CLASS>
   <CLASS_PK>
     CL-WATER
@@ -480,7 +480,7 @@ constexpr RuleRow referenceRules[] = {
     {Rule::UnknownParent, "unknown-parent", error, on, findUnknownParents,
      "the parent of a code is unknown",
      "BC_Class_FK, CE_CharExt_REF or, without the latter, CE_BaseCode_FK is the key of no code class, base code or "
-     "character extension. The code and all codes below it are outside of the tree, where no host shows them.",
+     "character extension. The code and all codes below it are outside the tree, where no host shows them.",
      R"(<BASECODE>
   <BC_PK>BC-LEAK</BC_PK><BC_Class_FK>CL-LINIGN</BC_Class_FK><BC_Item>Leak</BC_Item>
   <BC_Code>LEA</BC_Code><BC_ObsText>Leak</BC_ObsText><BC_SortOrder>30</BC_SortOrder>
@@ -588,7 +588,8 @@ constexpr RuleRow referenceRules[] = {
 
     {Rule::ColumnMissingInProfile, "column-missing-in-profile", note, on, findColumnsMissingInProfiles,
      "some profiles lack a column that input fields use",
-     "The fields are missing in these profiles. That is often meant: a short profile shows few fields.",
+     "The fields are missing in these profiles. That is often intended: a short profile shows few fields. One finding "
+     "for each column and profile, or for each column that more than 20 profiles lack.",
      R"(<CATPRO><PRO_PK>Q</PRO_PK><PRO_SortOrder>20</PRO_SortOrder></CATPRO>
 <CPX><CPX_PK>CPX-1</CPX_PK><CPX_Profile_FK>P</CPX_Profile_FK><CPX_IsStart>true</CPX_IsStart></CPX>
 <COL>
@@ -742,7 +743,7 @@ constexpr RuleRow referenceRules[] = {
 
     {Rule::UnknownFollower, "unknown-follower", note, on, findUnknownCodes,
      "a follower is no code of the catalog",
-     "One of the codes in CE_Follower, which blanks, commas or semicolons separate, is not the code of any base code "
+     "One of the codes in CE_Follower, which white space, commas or semicolons separate, is not the code of any base code "
      "or character extension.",
      R"(<CHAREXT>
   <CE_PK>CE-CLOSED</CE_PK><CE_BaseCode_FK>BC-JOINT</CE_BaseCode_FK><CE_Item>closed</CE_Item>
@@ -833,7 +834,7 @@ constexpr RuleRow profileRules[] = {
 constexpr RuleRow treeRules[] = {
     {Rule::ParentLoop, "parent-loop", error, on, findParentLoops,
      "codes are their own parents",
-     "Each hangs below the other, perhaps by way of more codes. They and all codes below them are outside of the "
+     "Each is below the other, perhaps with more codes in between. They and all codes below them are outside the "
      "tree, where no host shows them.",
      R"(<CHAREXT>
   <CE_PK>CE-WET</CE_PK><CE_CharExt_REF>CE-DRY</CE_CharExt_REF><CE_Item>wet</CE_Item>
@@ -905,7 +906,7 @@ constexpr RuleRow treeRules[] = {
     {Rule::EqualSortOrders, "equal-sort-orders", warning, on, findEqualSortOrders,
      "codes below one parent have equal sort orders",
      "Hosts show them in another order at every start, because children are linked in the order of a hash table. A "
-     "missing sort order counts as 0.",
+     "missing sort order counts as 0. One finding for each parent.",
      R"(<BASECODE>
   <BC_PK>BC-LEAK</BC_PK><BC_Class_FK>CL-LINING</BC_Class_FK><BC_Item>Leak</BC_Item>
   <BC_Code>LEA</BC_Code><BC_ObsText>Leak</BC_ObsText><BC_SortOrder>20</BC_SortOrder>
@@ -917,7 +918,7 @@ constexpr RuleRow treeRules[] = {
 
     {Rule::EqualFieldOrders, "equal-field-orders", note, on, findEqualFieldOrders,
      "input fields of one code have equal sort orders",
-     "Their order is fixed, but it is neither that of the file nor any other that the file tells.",
+     "Their order is fixed, but it is neither that of the file nor any other that is visible in it.",
      R"(<PARAM>
   <PARAM_PK>PA-DEPTH</PARAM_PK><PARAM_DataType>DEC</PARAM_DataType><PARAM_Caption>Depth</PARAM_Caption>
   <PARAM_SortOrder>10</PARAM_SortOrder>
@@ -945,7 +946,7 @@ constexpr RuleRow treeRules[] = {
 
     {Rule::EqualEntryOrders, "equal-entry-orders", note, on, findEqualEntryOrders,
      "entries of one list have equal sort orders",
-     "Their order is fixed, but it is neither that of the file nor any other that the file tells.",
+     "Their order is fixed, but it is neither that of the file nor any other that is visible in it.",
      R"(<LIST>
   <LIST_Class_FK>LC-SIDES</LIST_Class_FK><LIST_Item>M</LIST_Item><LIST_Caption>Middle</LIST_Caption>
   <LIST_SortOrder>20</LIST_SortOrder>
@@ -957,7 +958,7 @@ constexpr RuleRow treeRules[] = {
 
     {Rule::EmptyClass, "empty-class", note, on, findEmptyClasses,
      "a code class has no codes",
-     "Nothing hangs below it.",
+     "There is nothing below it.",
      R"(<CLASS><CLASS_PK>CL-WATER</CLASS_PK><CLASS_Item>Water</CLASS_Item><CLASS_SortOrder>20</CLASS_SortOrder></CLASS>)",
      R"(<CLASS><CLASS_PK>CL-WATER</CLASS_PK><CLASS_Item>Water</CLASS_Item><CLASS_SortOrder>20</CLASS_SortOrder></CLASS>
 <BASECODE>
@@ -969,7 +970,7 @@ constexpr RuleRow treeRules[] = {
 constexpr RuleRow valueRules[] = {
     {Rule::BadBoolean, "bad-boolean", error, on, findBadBooleans,
      "a text is no boolean",
-     "Booleans are true or false, in any letter case, without blanks. Any other text reads as false, with an error "
+     "Booleans are true or false, in any letter case, without spaces. Any other text reads as false, with an error "
      "in the log. A warning when the text seems to mean false, such as 0 or no. The same text in the same field is "
      "one finding.",
      R"(<PARAMX>
@@ -1059,7 +1060,8 @@ constexpr RuleRow valueRules[] = {
 
     {Rule::MandatoryHidden, "mandatory-hidden", warning, on, findHiddenMandatoryFields,
      "a field must be filled in, but cannot be",
-     "The field is mandatory and has no default, and a profile hides its column or lets it only be read.",
+     "The field is mandatory and has no default, and a profile hides its column or lets it only be read. One finding "
+     "for each column.",
      R"(<COL>
   <COL_Profile_FK>P</COL_Profile_FK><COL_Column_ID>FACE</COL_Column_ID>
   <COL_DataType>TXT</COL_DataType><COL_Visible>true</COL_Visible><COL_ReadOnly>true</COL_ReadOnly>
@@ -1220,7 +1222,7 @@ constexpr RuleRow valueRules[] = {
 </PARAMX>)"},
 
     {Rule::DefaultOutOfRange, "default-out-of-range", warning, on, findBadDefaults,
-     "a default is outside of the range",
+     "a default is outside the range",
      "The field begins with a value that nobody may type in.",
      R"(<PARAMX>
   <PX_PK>PX-JOINT-WIDTH</PX_PK><PX_BaseCode_FK>BC-JOINT</PX_BaseCode_FK><PX_Param_FK>PA-WIDTH</PX_Param_FK>
@@ -1455,12 +1457,18 @@ constexpr RuleRow listRules[] = {
      "an entry of a list has no value",
      "What is recorded of an entry is LIST_Internal, LIST_Caption or LIST_Item, as the flags of its list choose; "
      "in the list of continuous-defect codes, LIST_Internal. Here that is blank.",
-     R"(<LIST>
-  <LIST_Class_FK>LC-SIDES</LIST_Class_FK><LIST_SortOrder>30</LIST_SortOrder><LIST_Item>M</LIST_Item>
-</LIST>)",
-     R"(<LIST>
-  <LIST_Class_FK>LC-SIDES</LIST_Class_FK><LIST_Item>M</LIST_Item><LIST_Caption>Middle</LIST_Caption><LIST_SortOrder>30</LIST_SortOrder>
-</LIST>)"},
+     R"(<LC><LC_PK>LC-FACES</LC_PK><LC_Profile_FK>P</LC_Profile_FK><LC_Class_ID>FACES</LC_Class_ID></LC>
+<PARAMX>
+  <PX_PK>PX-JOINT-SIDE</PX_PK><PX_BaseCode_FK>BC-JOINT</PX_BaseCode_FK><PX_Param_FK>PA-SIDE</PX_Param_FK>
+  <PX_Column_ID>SIDE</PX_Column_ID><PX_ListClass_ID>FACES</PX_ListClass_ID>
+</PARAMX>
+<LIST><LIST_Class_FK>LC-FACES</LIST_Class_FK><LIST_Caption>Upper</LIST_Caption></LIST>)",
+     R"(<LC><LC_PK>LC-FACES</LC_PK><LC_Profile_FK>P</LC_Profile_FK><LC_Class_ID>FACES</LC_Class_ID></LC>
+<PARAMX>
+  <PX_PK>PX-JOINT-SIDE</PX_PK><PX_BaseCode_FK>BC-JOINT</PX_BaseCode_FK><PX_Param_FK>PA-SIDE</PX_Param_FK>
+  <PX_Column_ID>SIDE</PX_Column_ID><PX_ListClass_ID>FACES</PX_ListClass_ID>
+</PARAMX>
+<LIST><LIST_Class_FK>LC-FACES</LIST_Class_FK><LIST_Item>U</LIST_Item><LIST_Caption>Upper</LIST_Caption></LIST>)"},
 
     {Rule::RepeatedListValue, "repeated-list-value", warning, on, findRepeatedListValues,
      "two entries of a list have one value",
@@ -1726,7 +1734,7 @@ constexpr RuleRow captionRules[] = {
 
     {Rule::MissingObservationText, "missing-observation-text", note, on, findMissingObservationTexts,
      "a code has no observation text",
-     "Only codes with nothing below them are looked at.",
+     "Only codes with nothing below them are looked at, and no virtual ones.",
      R"(<BASECODE>
   <BC_PK>BC-LEAK</BC_PK><BC_Class_FK>CL-LINING</BC_Class_FK><BC_Item>Leak</BC_Item>
   <BC_Code>LEA</BC_Code><BC_SortOrder>30</BC_SortOrder>
@@ -1739,8 +1747,8 @@ constexpr RuleRow captionRules[] = {
     {Rule::UnknownPlaceholder, "unknown-placeholder", warning, on, findUnknownPlaceholders,
      "an observation text has a placeholder that stands for nothing",
      "A placeholder is @ with letters, digits or _. It stands for a field of the code, or of one above it, whose "
-     "parameter has the same PARAM_Placeholder, letter case included. Nothing is said of codes with fields that "
-     "are incomplete.",
+     "parameter has the same PARAM_Placeholder, letter case included. Codes with incomplete fields are left alone, "
+     "and so are placeholders of fields whose code is unknown.",
      R"(<BASECODE>
   <BC_PK>BC-LEAK</BC_PK><BC_Class_FK>CL-LINING</BC_Class_FK><BC_Item>Leak</BC_Item>
   <BC_Code>LEA</BC_Code><BC_ObsText>Leak, @W wide</BC_ObsText><BC_SortOrder>30</BC_SortOrder>
@@ -1804,7 +1812,7 @@ constexpr RuleRow captionRules[] = {
 
     {Rule::PlaceholderBeginsAnother, "placeholder-begins-another", note, on, findUnknownPlaceholders,
      "a placeholder begins another one of the same code",
-     "Such as @CL and @CLK. A host that replaces them one by one finds the shorter one inside of the longer.",
+     "Such as @CL and @CLK. A host that replaces them one by one finds the shorter one inside the longer.",
      R"(<PARAM>
   <PARAM_PK>PA-HINT</PARAM_PK><PARAM_DataType>TXT</PARAM_DataType><PARAM_Caption>Hint</PARAM_Caption>
   <PARAM_SortOrder>40</PARAM_SortOrder><PARAM_Placeholder>@N2</PARAM_Placeholder>
@@ -1851,7 +1859,8 @@ constexpr RuleRow scrambledRules[] = {
     {Rule::ReadableForm, "readable-form", error, on, findReadableForm,
      "the file is in the readable form",
      "More than half of the texts that are scrambled in catalogs are in the clear. A host reads nothing of them, "
-     "and where keys are among them, the file does not load. All other rules are then asked of the readable form.",
+     "and where keys are among them, the file does not load. All other rules are then applied to the readable form; missing captions and codes are "
+     "not reported.",
      R"(<OVCAT>
 <CLASS><CLASS_PK>CL-A</CLASS_PK><CLASS_Item>Lining</CLASS_Item></CLASS>
 </OVCAT>)",

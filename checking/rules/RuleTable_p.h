@@ -161,7 +161,7 @@ enum class Rule {
     Count,
 };
 
-/// Whether a rule is asked for.
+/// When a rule is applied.
 enum class RuleUse {
     On,
     Off,     ///< on demand only

@@ -1,6 +1,7 @@
 #include "checking/rules/ScrambledRules_p.h"
 
 #include "catalogs/reading/ScrambledText.h"
+#include "checking/reading/Characters_p.h"
 #include "checking/rules/Check_p.h"
 
 #include <QStringList>
@@ -12,31 +13,20 @@ using Catalogs::ScrambledText;
 
 namespace {
 
-bool isHexDigit(QChar digit)
-{
-    const ushort c = digit.unicode();
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
-}
-
 bool isUpperHexDigit(QChar digit)
 {
     return isHexDigit(digit) && !digit.isLower();
 }
 
-bool isHex(QStringView text)
-{
-    return std::all_of(text.begin(), text.end(), isHexDigit);
-}
-
-// The failure is that of the file as it stands. As scrambled texts, its keys were nothing.
-void tellRefusal(Check &check, const CatalogReadFailure &failure)
+// The failure is that of the file as written: read as scrambled texts, its keys are empty.
+void reportRefusal(Check &check, const CatalogReadFailure &failure)
 {
     const Position at{quint32(failure.line), quint32(failure.column)};
-    const bool isTold = std::any_of(
+    const bool isReported = std::any_of(
         check.catalog.records.begin(), check.catalog.records.end(), [at](const LocatedRecord &record) {
             return record.state == LocatedRecord::Refused && !(record.start < at) && !(at < record.start);
         });
-    if (failure.reason != CatalogReadFailure::RecordRefused || isTold)
+    if (failure.reason != CatalogReadFailure::RecordRefused || isReported)
         return;
     CatalogFinding *finding =
         check.add(Fault(Rule::MissingKey, placeAt(at, -1, failure.missingFields.first())));
@@ -64,7 +54,7 @@ void findReadableForm(Check &check)
                 .arg(QString::number(clear.count), QString::number(clear.ofScrambled));
         finding->hint = QStringLiteral("scramble the file for hosts, or check it as a readable one");
     }
-    tellRefusal(check, clear.failure);
+    reportRefusal(check, clear.failure);
 }
 
 namespace {
@@ -104,7 +94,7 @@ bool isEndedByZero(QStringView raw)
     return false;
 }
 
-void tellOdd(Check &check, int record, const LocatedField &field, Symbol raw)
+void reportOdd(Check &check, int record, const LocatedField &field, Symbol raw)
 {
     const Place place = placeOf(check.catalog, record, field);
     const QStringView text = check.text(raw);
@@ -137,9 +127,9 @@ void findOddScrambledTexts(Check &check)
                && odd->field < located.firstField + located.fieldCount;
              ++odd) {
             const LocatedField &field = check.catalog.fields[std::size_t(odd->field)];
-            // Of a key that is missing for this reason, the finding on that tells.
+            // A key that is missing for this reason is reported as missing.
             if (located.state != LocatedRecord::Refused || field.value != 0)
-                tellOdd(check, record, field, odd->raw);
+                reportOdd(check, record, field, odd->raw);
         }
     }
 }
@@ -174,11 +164,11 @@ void findControlCharacters(Check &check)
 
 namespace {
 
-// What a scrambled text stands for, if it looks like one: at least `pairs` pairs of upper-case digits, and
+// What a scrambled text decodes to, if it looks like one: at least `pairs` pairs of upper-case digits, and
 // nothing but characters that can be printed. Otherwise empty.
 QString printableText(QStringView scrambled, int pairs)
 {
-    if (scrambled.size() < 2 * pairs || scrambled.size() % 2 != 0
+    if (scrambled.size() / 2 < pairs || scrambled.size() % 2 != 0
         || !std::all_of(scrambled.begin(), scrambled.end(), isUpperHexDigit))
         return QString();
     const QString raw = scrambled.toString();
@@ -188,7 +178,7 @@ QString printableText(QStringView scrambled, int pairs)
     return isPrintable && ScrambledText::encode(decoded) == raw ? decoded : QString();
 }
 
-void tellTwice(Check &check, const Place &place, Symbol value)
+void reportTwice(Check &check, const Place &place, Symbol value)
 {
     constexpr int fewestPairs = 3;
     const QString text = printableText(check.text(value), fewestPairs);
@@ -202,7 +192,7 @@ void tellTwice(Check &check, const Place &place, Symbol value)
                            : QStringLiteral("%1 is scrambled twice: %2").arg(place.field, quoted(text));
 }
 
-void tellScrambledInClear(Check &check, const Place &place, Symbol value)
+void reportScrambledInClear(Check &check, const Place &place, Symbol value)
 {
     constexpr int fewestPairs = 4;
     const QStringView raw = check.text(value);
@@ -233,9 +223,9 @@ void findScrambledTwice(Check &check)
             return;
         const Place place = placeOf(check.catalog, record, field);
         if (check.catalog.format(record, field).isScrambled())
-            tellTwice(check, place, field.value);
+            reportTwice(check, place, field.value);
         else
-            tellScrambledInClear(check, place, field.value);
+            reportScrambledInClear(check, place, field.value);
     });
 }
 

@@ -50,8 +50,8 @@ void findParentLoops(Check &check)
                 ? QStringLiteral("%1 is its own parent").arg(names.first())
                 : QStringLiteral("%1 are each other's parents").arg(names.join(QStringLiteral(", ")));
         finding->message +=
-            lost > 0 ? QStringLiteral(", outside of the tree with %1 below").arg(counted(lost, "code"))
-                     : QStringLiteral(", outside of the tree");
+            lost > 0 ? QStringLiteral(", outside the tree with %1 below").arg(counted(lost, "code"))
+                     : QStringLiteral(", outside the tree");
         finding->hint = QStringLiteral("give one of them another parent");
     }
 }
@@ -76,7 +76,7 @@ void findMissingParents(Check &check)
     }
 }
 
-// Where the extension that is named does not hang in the tree, there is no saying what is above it.
+// If the extension named is outside the tree, nobody knows what is above it.
 void findConflictingParents(Check &check)
 {
     for (const CatalogLinks::Item &item : check.links.items()) {
@@ -129,34 +129,37 @@ std::vector<SameCode> sameCodes(const Check &check)
     return result;
 }
 
-void tellSameCode(Check &check, const SameCode &same)
+void reportSameCode(Check &check, const SameCode &same)
 {
     const int first = check.links.item(same.items[0]).record;
     const int second = check.links.item(same.items[1]).record;
     CatalogFinding *finding =
         check.add(Fault(Rule::RepeatedCode, placeOf(check.catalog, second))
+                      .times(int(same.items.size()) - 1)
                       .as(same.isOfExtensions ? CatalogSeverity::Note : CatalogSeverity::Warning));
     if (!finding)
         return;
     finding->message = QStringLiteral("code %1 belongs to %2 and %3; which of them answers is left to chance")
                            .arg(check.shownText(same.code), check.keyOf(first), check.keyOf(second));
     finding->hint = QStringLiteral("give one of them another code");
-    finding->count = int(same.items.size()) - 1;
     FindingReport::relate(*finding, placeOf(check.catalog, first), QStringLiteral("the other one"));
+    for (std::size_t index = 2; index < same.items.size() && index <= std::size_t(mostRelated); ++index)
+        FindingReport::relate(*finding, placeOf(check.catalog, check.links.item(same.items[index]).record),
+                              QStringLiteral("the same"));
 }
 
 } // namespace
 
-// Where many extensions share their codes, these are parts of codes, and meant so.
+// If many extensions share their codes, these are parts of codes, as intended.
 void findRepeatedCodes(Check &check)
 {
-    constexpr int mostToldApart = 20;
+    constexpr int mostListed = 20;
     const std::vector<SameCode> codes = sameCodes(check);
     const auto ofExtensions =
         std::count_if(codes.begin(), codes.end(), [](const SameCode &same) { return same.isOfExtensions; });
     for (const SameCode &same : codes) {
-        if (!same.isOfExtensions || ofExtensions <= mostToldApart) {
-            tellSameCode(check, same);
+        if (!same.isOfExtensions || ofExtensions <= mostListed) {
+            reportSameCode(check, same);
             continue;
         }
         const int record = check.links.item(same.items[1]).record;
@@ -195,10 +198,10 @@ std::vector<int> firstTie(const Members &members, NumberOf numberOf)
     return tie;
 }
 
-void tellEqualSortOrders(Check &check, int parent, const Groups::Members &tie)
+void reportEqualSortOrders(Check &check, int parent, const Groups::Members &tie)
 {
     const Place place = placeOf(check.catalog, check.links.item(tie[1]).record);
-    CatalogFinding *finding = check.add(Fault(Rule::EqualSortOrders, place));
+    CatalogFinding *finding = check.add(Fault(Rule::EqualSortOrders, place).about(qint64(parent) + 1));
     if (!finding)
         return;
     finding->message =
@@ -211,6 +214,7 @@ void tellEqualSortOrders(Check &check, int parent, const Groups::Members &tie)
 
 } // namespace
 
+// The ties below one parent are one finding, at the first that shows in the file.
 void findEqualSortOrders(Check &check)
 {
     check.links.children().forEach([&](const Groups::Members &children) {
@@ -222,10 +226,15 @@ void findEqualSortOrders(Check &check)
                 byOrder.add(sortOrderOf(check, child), child);
         }
         byOrder.sort();
+        std::vector<Groups::Members> ties;
         byOrder.forEach([&](const Groups::Members &tie) {
             if (tie.size() > 1)
-                tellEqualSortOrders(check, int(children.key()), tie);
+                ties.push_back(tie);
         });
+        std::sort(ties.begin(), ties.end(),
+                  [](const Groups::Members &a, const Groups::Members &b) { return a[1] < b[1]; });
+        for (const Groups::Members &tie : ties)
+            reportEqualSortOrders(check, int(children.key()), tie);
     });
 }
 

@@ -2,12 +2,13 @@
 
 #include "catalogs/reading/FieldConversion_p.h"
 #include "checking/rules/Check_p.h"
+#include "checking/rules/FieldTypes_p.h"
 #include "checking/rules/ListValues_p.h"
 
 #include <QStringList>
 
 #include <cmath>
-#include <limits>
+#include <map>
 #include <optional>
 
 namespace Orvida::Checking {
@@ -16,7 +17,6 @@ namespace {
 
 using Kind = CatalogFormat::Kind;
 using Px = ParameterExtensionToken;
-using Type = Shared::InputField::DataType;
 
 bool isBool(const Check &check, Symbol symbol)
 {
@@ -40,7 +40,7 @@ bool meansFalse(QStringView text)
     return words.contains(text.trimmed().toString().toLower());
 }
 
-void tellBadBoolean(Check &check, int record, const LocatedField &field)
+void reportBadBoolean(Check &check, int record, const LocatedField &field)
 {
     const qint64 subject = pairOf(int(check.catalog.record(record).kind) << 8 | field.token, field.value);
     const bool isFalse = meansFalse(check.text(field.value));
@@ -51,7 +51,7 @@ void tellBadBoolean(Check &check, int record, const LocatedField &field)
         return;
     finding->message = QStringLiteral("%1 %2 is no boolean and reads as false")
                            .arg(finding->field, check.quotedText(field.value));
-    finding->hint = QStringLiteral("write true or false, without blanks");
+    finding->hint = QStringLiteral("write true or false, without spaces");
 }
 
 } // namespace
@@ -61,7 +61,7 @@ void findBadBooleans(Check &check)
 {
     check.forEachField([&](int record, const LocatedField &field) {
         if (check.catalog.format(record, field).kind == Kind::Boolean && !isBool(check, field.value))
-            tellBadBoolean(check, record, field);
+            reportBadBoolean(check, record, field);
     });
 }
 
@@ -91,7 +91,7 @@ QString numberHint(const CatalogFormat::Field &format, const QString &text)
                : QStringLiteral("write digits only, from -2147483648 to 2147483647");
 }
 
-void tellBadNumber(Check &check, const Place &place, const CatalogFormat::Field &format, Symbol value)
+void reportBadNumber(Check &check, const Place &place, const CatalogFormat::Field &format, Symbol value)
 {
     const bool isUnused = format.use == CatalogFormat::Use::Stored;
     CatalogFinding *finding = check.add(
@@ -105,22 +105,22 @@ void tellBadNumber(Check &check, const Place &place, const CatalogFormat::Field 
 
 } // namespace
 
-// Of CAT_Style, the text is looked for right behind the start tag only.
+// The text of CAT_Style is looked for right after the start tag only.
 void findBadNumbers(Check &check)
 {
     check.forEachField([&](int record, const LocatedField &field) {
         const CatalogFormat::Field &format = check.catalog.format(record, field);
         const bool isNumber = format.kind == Kind::Integer || format.kind == Kind::Integer64;
         if (isNumber && !field.isOverruled && !isWholeNumber(check, format, field.value))
-            tellBadNumber(check, placeOf(check.catalog, record, field), format, field.value);
+            reportBadNumber(check, placeOf(check.catalog, record, field), format, field.value);
     });
     check.forEachIncident(Incident::StyleNotAtOnce, [&](const Incident &incident) {
         const QString field = check.shownText(incident.name);
         CatalogFinding *finding =
             check.add(Fault(Rule::BadNumber, placeAt(incident.at, incident.record, field)));
         if (finding) {
-            finding->message = QStringLiteral("%1 reads as 0: something stands before its number").arg(field);
-            finding->hint = QStringLiteral("put the number right behind the start tag");
+            finding->message = QStringLiteral("%1 reads as 0: something precedes its number").arg(field);
+            finding->hint = QStringLiteral("put the number right after the start tag");
         }
     });
 }
@@ -137,15 +137,6 @@ QString typeHint(const QString &text)
     }
     return near.nearest().isEmpty() ? QStringLiteral("write one of ") + words.join(QStringLiteral(", "))
                                     : didYouMean(near.nearest());
-}
-
-Type parameterType(const Check &check, int parameter)
-{
-    if (parameter < 0)
-        return Type::Undefined;
-    const QString text =
-        check.catalog.texts.string(check.catalog.value(parameter, ParameterToken::PARAM_DataType));
-    return Type(Catalogs::toParameterType(QStringRef(&text)));
 }
 
 } // namespace
@@ -171,10 +162,9 @@ void findBadParameterTypes(Check &check)
 void findBadColumnTypes(Check &check)
 {
     check.forEachRecord(Section::COL, [&](int record) {
-        const Symbol type = check.catalog.value(record, ColumnToken::COL_DataType);
-        const QString text = check.catalog.texts.string(type);
-        if (Catalogs::toColumnType(QStringRef(&text)) != Type::Undefined)
+        if (columnType(check, record) != Type::Undefined)
             return;
+        const Symbol type = check.catalog.value(record, ColumnToken::COL_DataType);
         const Symbol column = check.catalog.value(record, ColumnToken::COL_Column_ID);
         const int fields = check.links.inputFieldsOfColumn(column).size();
         const Place place = placeOf(check.catalog, record, ColumnToken::COL_DataType);
@@ -191,7 +181,7 @@ void findBadColumnTypes(Check &check)
                                               : QStringLiteral("%1 is no type").arg(check.quotedText(type)),
                                     fields == 1 ? QStringLiteral("1 field is")
                                                 : QStringLiteral("%1 fields are").arg(fields));
-        finding->hint = typeHint(text);
+        finding->hint = typeHint(check.text(type).toString());
     });
 }
 
@@ -216,31 +206,27 @@ void findColumnsWithoutVisible(Check &check)
     });
 }
 
-// Where COL_Visible is missing, that is what is to be told.
 void findHiddenMandatoryFields(Check &check)
 {
-    for (const CatalogLinks::InputField &field : check.links.inputFields()) {
+    check.forEachFieldAndColumn([&](const CatalogLinks::InputField &field, int column) {
         if (!check.catalog.flag(field.record, Px::PX_Mandatory)
             || check.catalog.value(field.record, Px::PX_Default) != 0)
-            continue;
-        for (const int column : check.links.columns(field.column)) {
-            const bool isHidden = check.catalog.value(column, ColumnToken::COL_Visible) != 0
-                                  && !check.catalog.flag(column, ColumnToken::COL_Visible);
-            if (!isHidden && !check.catalog.flag(column, ColumnToken::COL_ReadOnly))
-                continue;
-            const Place place = placeOf(check.catalog, field.record, Px::PX_Mandatory);
-            CatalogFinding *finding = check.add(Fault(Rule::MandatoryHidden, place).about(field.record));
-            if (!finding)
-                continue;
-            finding->message =
-                QStringLiteral(
-                    "field %1 must be filled in, but cannot be in profile %2: its column is %3 there")
-                    .arg(check.keyOf(field.record),
-                         check.shownText(check.catalog.value(column, ColumnToken::COL_Profile_FK)),
-                         isHidden ? QStringLiteral("hidden") : QStringLiteral("read-only"));
-            finding->hint = QStringLiteral("give it a default, or change the column");
-        }
-    }
+            return;
+        const bool isHidden = !check.catalog.flag(column, ColumnToken::COL_Visible);
+        if (!isHidden && !check.catalog.flag(column, ColumnToken::COL_ReadOnly))
+            return;
+        const Place place = placeOf(check.catalog, field.record, Px::PX_Mandatory);
+        CatalogFinding *finding = check.add(Fault(Rule::MandatoryHidden, place).about(field.column));
+        if (!finding)
+            return;
+        finding->message =
+            QStringLiteral("field %1 must be filled in, but cannot be in profile %2: its column is %3 there")
+                .arg(check.keyOf(field.record),
+                     check.shownText(check.catalog.value(column, ColumnToken::COL_Profile_FK)),
+                     isHidden ? QStringLiteral("hidden") : QStringLiteral("read-only"));
+        finding->hint = QStringLiteral("give it a default, or change the column");
+        FindingReport::relate(*finding, placeOf(check.catalog, column), QStringLiteral("the column"));
+    });
 }
 
 void findDifferentColumnTypes(Check &check)
@@ -270,10 +256,8 @@ void findTypesUnlikeColumn(Check &check)
         const Type type = parameterType(check, field.parameter);
         if (columns.isEmpty() || type == Type::Undefined)
             continue;
-        const QString text =
-            check.catalog.texts.string(check.catalog.value(columns.first(), ColumnToken::COL_DataType));
-        const Type columnType = Catalogs::toColumnType(QStringRef(&text));
-        if (columnType == type || (columnType == Type::Text && field.list != 0))
+        const Type other = columnType(check, columns.first());
+        if (other == type || (other == Type::Text && field.list != 0))
             continue;
         const Place place = placeOf(check.catalog, field.record, Px::PX_Column_ID);
         CatalogFinding *finding =
@@ -284,7 +268,8 @@ void findTypesUnlikeColumn(Check &check)
             QStringLiteral("field %1 is %2, its column %3 is %4")
                 .arg(check.keyOf(field.record),
                      check.shownText(check.catalog.value(field.parameter, ParameterToken::PARAM_DataType)),
-                     check.shownText(field.column), shown(text));
+                     check.shownText(field.column),
+                     check.shownText(check.catalog.value(columns.first(), ColumnToken::COL_DataType)));
         finding->hint = QStringLiteral("give both one type: PARAM_DataType, COL_DataType");
     }
 }
@@ -302,7 +287,7 @@ std::optional<double> numberOf(const Check &check, Symbol symbol)
 // The texts of an input field that are numbers when its type is one.
 constexpr Px rangeTokens[] = {Px::PX_RangeFrom, Px::PX_RangeTo, Px::PX_Steps, Px::PX_Default};
 
-void tellNoNumber(Check &check, int record, const LocatedField &field)
+void reportNoNumber(Check &check, int record, const LocatedField &field)
 {
     CatalogFinding *finding = check.add(Fault(Rule::RangeNotANumber, placeOf(check.catalog, record, field)));
     if (!finding)
@@ -316,7 +301,7 @@ void tellNoNumber(Check &check, int record, const LocatedField &field)
         isNumber ? QStringLiteral("write %1").arg(text) : QStringLiteral("write a number, such as 0.5");
 }
 
-void tellFraction(Check &check, int record, const LocatedField &field)
+void reportFraction(Check &check, int record, const LocatedField &field)
 {
     if (CatalogFinding *finding =
             check.add(Fault(Rule::FractionInInteger, placeOf(check.catalog, record, field)))) {
@@ -326,7 +311,7 @@ void tellFraction(Check &check, int record, const LocatedField &field)
     }
 }
 
-void tellNumbers(Check &check, const CatalogLinks::InputField &field, Type type)
+void reportNumbers(Check &check, const CatalogLinks::InputField &field, Type type)
 {
     for (const Px token : rangeTokens) {
         const LocatedField *text = check.catalog.field(field.record, token);
@@ -334,30 +319,17 @@ void tellNumbers(Check &check, const CatalogLinks::InputField &field, Type type)
             continue;
         const std::optional<double> number = numberOf(check, text->value);
         if (!number)
-            tellNoNumber(check, field.record, *text);
+            reportNoNumber(check, field.record, *text);
         else if (type == Type::Integer && *number != std::floor(*number))
-            tellFraction(check, field.record, *text);
+            reportFraction(check, field.record, *text);
     }
 }
 
-void tellRange(Check &check, int record)
+void reportStep(Check &check, int record, std::optional<double> width)
 {
-    const Symbol from = check.catalog.value(record, Px::PX_RangeFrom);
-    const Symbol to = check.catalog.value(record, Px::PX_RangeTo);
-    const std::optional<double> least = numberOf(check, from);
-    const std::optional<double> greatest = numberOf(check, to);
-    if (least && greatest && *least > *greatest) {
-        const Place place = placeOf(check.catalog, record, Px::PX_RangeFrom);
-        if (CatalogFinding *finding = check.add(Fault(Rule::RangeReversed, place))) {
-            finding->message = QStringLiteral("no value is between %1 and %2")
-                                   .arg(check.shownText(from), check.shownText(to));
-            finding->hint = QStringLiteral("swap PX_RangeFrom and PX_RangeTo");
-        }
-        return;
-    }
     const Symbol text = check.catalog.value(record, Px::PX_Steps);
     const std::optional<double> step = numberOf(check, text);
-    const bool isTooWide = step && least && greatest && *step > *greatest - *least;
+    const bool isTooWide = step && width && *step > *width;
     if (!step || (*step > 0 && !isTooWide))
         return;
     const Place place = placeOf(check.catalog, record, Px::PX_Steps);
@@ -367,7 +339,26 @@ void tellRange(Check &check, int record)
                                                                      : QStringLiteral("not above 0"));
 }
 
-void tellRangeOnText(Check &check, int record, Type type)
+void reportRange(Check &check, int record)
+{
+    const Symbol from = check.catalog.value(record, Px::PX_RangeFrom);
+    const Symbol to = check.catalog.value(record, Px::PX_RangeTo);
+    const std::optional<double> least = numberOf(check, from);
+    const std::optional<double> greatest = numberOf(check, to);
+    const bool isReversed = least && greatest && *least > *greatest;
+    reportStep(check, record,
+               least && greatest && !isReversed ? std::optional(*greatest - *least) : std::nullopt);
+    if (!isReversed)
+        return;
+    const Place place = placeOf(check.catalog, record, Px::PX_RangeFrom);
+    if (CatalogFinding *finding = check.add(Fault(Rule::RangeReversed, place))) {
+        finding->message =
+            QStringLiteral("no value is between %1 and %2").arg(check.shownText(from), check.shownText(to));
+        finding->hint = QStringLiteral("swap PX_RangeFrom and PX_RangeTo");
+    }
+}
+
+void reportRangeOnText(Check &check, int record, Type type)
 {
     const bool hasFrom = check.catalog.value(record, Px::PX_RangeFrom) != 0;
     const bool hasTo = check.catalog.value(record, Px::PX_RangeTo) != 0;
@@ -386,25 +377,19 @@ void tellRangeOnText(Check &check, int record, Type type)
             QStringLiteral("field %1 has one limit only: its caption shows none").arg(check.keyOf(record));
 }
 
-bool isNumeric(Type type)
-{
-    return type == Type::Integer || type == Type::Decimal;
-}
-
 } // namespace
 
-// Nothing is said of fields without a type: that is told of their parameter.
 void findBadRanges(Check &check)
 {
     for (const CatalogLinks::InputField &field : check.links.inputFields()) {
-        const Type type = parameterType(check, field.parameter);
-        if (type == Type::Undefined)
+        if (!hasTypeAndColumn(check, field))
             continue;
-        tellRangeOnText(check, field.record, type);
+        const Type type = parameterType(check, field.parameter);
+        reportRangeOnText(check, field.record, type);
         if (!isNumeric(type))
             continue;
-        tellNumbers(check, field, type);
-        tellRange(check, field.record);
+        reportNumbers(check, field, type);
+        reportRange(check, field.record);
     }
 }
 
@@ -414,25 +399,33 @@ namespace {
 int decimalsOf(QStringView text)
 {
     int decimals = 0;
-    bool isBehindPoint = false;
+    bool isAfterPoint = false;
     for (const QChar character : text) {
         if (character == QLatin1Char('.'))
-            isBehindPoint = true;
-        else if (isBehindPoint && (character.isDigit() || character == QLatin1Char('#')))
+            isAfterPoint = true;
+        else if (isAfterPoint && (character.isDigit() || character == QLatin1Char('#')))
             ++decimals;
     }
     return decimals;
 }
 
-void tellDecimals(Check &check, int record)
+// Of whole numbers, fractions are reported as such.
+bool hasDecimals(int token, Type type)
+{
+    const bool isLimit =
+        token == int(Px::PX_Steps) || token == int(Px::PX_RangeFrom) || token == int(Px::PX_RangeTo);
+    return token == int(Px::PX_InputFmt) || (isLimit && type == Type::Decimal);
+}
+
+void reportDecimals(Check &check, int record, Type type)
 {
     const LocatedField *precision = check.catalog.field(record, Px::PX_Precision);
     if (!precision)
         return;
     const int decimals = check.catalog.toNumber(precision->value);
-    for (const Px token : {Px::PX_InputFmt, Px::PX_Steps, Px::PX_RangeFrom, Px::PX_RangeTo}) {
-        const LocatedField *text = check.catalog.field(record, token);
-        if (!text || decimalsOf(check.text(text->value)) <= decimals)
+    for (const LocatedField *text = check.catalog.begin(record); text != check.catalog.end(record); ++text) {
+        if (text->isOverruled || !hasDecimals(text->token, type)
+            || decimalsOf(check.text(text->value)) <= decimals)
             continue;
         CatalogFinding *finding =
             check.add(Fault(Rule::DecimalsDiffer, placeOf(check.catalog, record, *text)).about(record));
@@ -455,14 +448,15 @@ void findBadLengths(Check &check)
             if (CatalogFinding *finding = check.add(Fault(Rule::NegativeLength, place)))
                 finding->message = QStringLiteral("%1 is below 0").arg(place.field);
         }
-        if (parameterType(check, field.parameter) == Type::Decimal)
-            tellDecimals(check, field.record);
+        const Type type = parameterType(check, field.parameter);
+        if (isNumeric(type) && hasTypeAndColumn(check, field))
+            reportDecimals(check, field.record, type);
     }
 }
 
 namespace {
 
-void tellDefaultOutOfRange(Check &check, int record, const Place &place, Symbol text)
+void reportDefaultOutOfRange(Check &check, int record, const Place &place, Symbol text)
 {
     const std::optional<double> value = numberOf(check, text);
     const std::optional<double> least = numberOf(check, check.catalog.value(record, Px::PX_RangeFrom));
@@ -471,8 +465,7 @@ void tellDefaultOutOfRange(Check &check, int record, const Place &place, Symbol 
     if (!value || isReversed || ((!least || *value >= *least) && (!greatest || *value <= *greatest)))
         return;
     if (CatalogFinding *finding = check.add(Fault(Rule::DefaultOutOfRange, place)))
-        finding->message =
-            QStringLiteral("the default %1 is outside of the range").arg(check.shownText(text));
+        finding->message = QStringLiteral("the default %1 is outside the range").arg(check.shownText(text));
 }
 
 } // namespace
@@ -481,12 +474,12 @@ void findBadDefaults(Check &check)
 {
     for (const CatalogLinks::InputField &field : check.links.inputFields()) {
         const Symbol text = check.catalog.value(field.record, Px::PX_Default);
-        const Type type = parameterType(check, field.parameter);
-        if (text == 0)
+        if (text == 0 || !hasTypeAndColumn(check, field))
             continue;
+        const Type type = parameterType(check, field.parameter);
         const Place place = placeOf(check.catalog, field.record, Px::PX_Default);
-        if (isNumeric(type) && field.list == 0)
-            tellDefaultOutOfRange(check, field.record, place, text);
+        if (isNumeric(type))
+            reportDefaultOutOfRange(check, field.record, place, text);
         const int length = check.catalog.number(field.record, Px::PX_Length);
         if (type != Type::Text || length <= 0 || check.text(text).size() <= length)
             continue;
@@ -498,17 +491,17 @@ void findBadDefaults(Check &check)
 
 namespace {
 
-// What the author may have meant instead of a value: one that is near, or that stands for the caption given.
-QString valueHint(const Check &check, int list, Symbol text)
+// What the author may have meant instead of a value: one that is near, or that of the caption given.
+QString valueHint(Check &check, int list, Symbol text)
 {
     constexpr int mostNamed = 5;
-    int mostCompared = 1000;
     NearName near(check.text(text));
     QStringList values;
+    const ValueChoice choice = valueChoice(check, list);
     for (const int entry : entriesOf(check, list)) {
-        if (mostCompared-- == 0)
+        if (!check.mayCompare())
             break;
-        const Symbol value = listValue(check, list, entry);
+        const Symbol value = listValue(check, choice, entry);
         near.offer(check.text(value));
         if (check.catalog.value(entry, ListItemToken::LIST_Caption) == text
             || check.catalog.value(entry, ListItemToken::LIST_Item) == text)
@@ -525,32 +518,32 @@ QString valueHint(const Check &check, int list, Symbol text)
 
 void findDefaultsOutsideLists(Check &check)
 {
+    std::map<qint64, int> numbers; // of lists with the same values, by their common key
     Groups values;
-    check.forEachRecord(Section::LC, [&](int list) {
-        if (!check.links.counts(list))
-            return;
-        for (const int entry : entriesOf(check, list))
-            values.add(pairOf(list, listValue(check, list, entry)), entry);
+    forEachValues(check, true, [&](const Groups::Members &lists) {
+        const int number = numbers.insert({lists.key(), int(numbers.size())}).first->second;
+        const ValueChoice choice = valueChoice(check, lists.first());
+        for (const int entry : entriesOf(check, lists.first()))
+            values.add(pairOf(number, listValue(check, choice, entry)), entry);
     });
     values.sort();
-    for (const CatalogLinks::InputField &field : check.links.inputFields()) {
+    check.forEachFieldAndColumn([&](const CatalogLinks::InputField &field, int column) {
         const Symbol text = check.catalog.value(field.record, Px::PX_Default);
-        if (text == 0 || field.list == 0)
-            continue;
-        for (const int column : check.links.columns(field.column)) {
-            const int list =
-                check.links.list(field.list, check.catalog.value(column, ColumnToken::COL_Profile_FK));
-            if (list < 0 || entriesOf(check, list).isEmpty() || !values.of(pairOf(list, text)).isEmpty())
-                continue;
-            const Place place = placeOf(check.catalog, field.record, Px::PX_Default);
-            CatalogFinding *finding = check.add(Fault(Rule::DefaultNotInList, place).about(field.record));
-            if (!finding)
-                continue;
-            finding->message = QStringLiteral("the default %1 is no value of list %2")
-                                   .arg(check.quotedText(text), listName(check, list));
-            finding->hint = valueHint(check, list, text);
-        }
-    }
+        if (text == 0 || field.list == 0 || !hasTypeAndColumn(check, field))
+            return;
+        const int list =
+            check.links.list(field.list, check.catalog.value(column, ColumnToken::COL_Profile_FK));
+        if (list < 0 || entriesOf(check, list).isEmpty()
+            || !values.of(pairOf(numbers[valuesKey(check, list)], text)).isEmpty())
+            return;
+        const Place place = placeOf(check.catalog, field.record, Px::PX_Default);
+        CatalogFinding *finding = check.add(Fault(Rule::DefaultNotInList, place).about(field.record));
+        if (!finding)
+            return;
+        finding->message = QStringLiteral("the default %1 is no value of list %2")
+                               .arg(check.quotedText(text), listName(check, list));
+        finding->hint = valueHint(check, list, text);
+    });
 }
 
 namespace {
@@ -582,27 +575,26 @@ const LocatedField *widerField(const Check &check, int field, int column, Column
 
 void findRangesWiderThanColumn(Check &check)
 {
-    for (const CatalogLinks::InputField &field : check.links.inputFields()) {
-        for (const int column : check.links.columns(field.column)) {
-            ColumnToken limit{};
-            const LocatedField *wider = widerField(check, field.record, column, &limit);
-            if (!wider)
-                continue;
-            const Place place = placeOf(check.catalog, field.record, *wider);
-            CatalogFinding *finding = check.add(Fault(Rule::RangeWiderThanColumn, place).about(field.record));
-            if (finding)
-                finding->message =
-                    QStringLiteral("field %1 allows %2, its column in profile %3 only %4")
-                        .arg(check.keyOf(field.record), check.shownText(wider->value),
-                             check.shownText(check.catalog.value(column, ColumnToken::COL_Profile_FK)),
-                             check.shownText(check.catalog.value(column, limit)));
-        }
-    }
+    check.forEachFieldAndColumn([&](const CatalogLinks::InputField &field, int column) {
+        ColumnToken limit{};
+        const LocatedField *wider = widerField(check, field.record, column, &limit);
+        if (!wider || !hasTypeAndColumn(check, field))
+            return;
+        const Place place = placeOf(check.catalog, field.record, *wider);
+        CatalogFinding *finding = check.add(Fault(Rule::RangeWiderThanColumn, place).about(field.record));
+        if (!finding)
+            return;
+        finding->message = QStringLiteral("field %1 allows %2, its column in profile %3 only %4")
+                               .arg(check.keyOf(field.record), check.shownText(wider->value),
+                                    check.shownText(check.catalog.value(column, ColumnToken::COL_Profile_FK)),
+                                    check.shownText(check.catalog.value(column, limit)));
+        FindingReport::relate(*finding, placeOf(check.catalog, column), QStringLiteral("the column"));
+    });
 }
 
 namespace {
 
-void tellListOfColumn(Check &check, const CatalogLinks::InputField &field, int column)
+void reportListOfColumn(Check &check, const CatalogLinks::InputField &field, int column)
 {
     CatalogFinding *finding = check.add(
         Fault(Rule::ColumnListNotOnField, placeOf(check.catalog, field.record)).about(field.column));
@@ -618,7 +610,7 @@ void tellListOfColumn(Check &check, const CatalogLinks::InputField &field, int c
                               .arg(check.shownText(check.catalog.value(list, ListClassToken::LC_Class_ID)));
 }
 
-void tellMandatoryColumn(Check &check, int column, int fields)
+void reportMandatoryColumn(Check &check, int column, int fields)
 {
     const Place place = placeOf(check.catalog, column, ColumnToken::COL_Mandatory);
     CatalogFinding *finding = check.add(Fault(Rule::ColumnMandatoryNotField, place));
@@ -635,11 +627,8 @@ void tellMandatoryColumn(Check &check, int column, int fields)
 template <typename IsWanted>
 int firstColumn(const Groups::Members &columns, IsWanted isWanted)
 {
-    for (const int column : columns) {
-        if (isWanted(column))
-            return column;
-    }
-    return -1;
+    const auto found = std::find_if(columns.begin(), columns.end(), isWanted);
+    return found == columns.end() ? -1 : *found;
 }
 
 } // namespace
@@ -657,11 +646,11 @@ void findColumnWishes(Check &check)
         for (const int index : check.links.inputFieldsOfColumn(Symbol(columns.key()))) {
             const CatalogLinks::InputField &field = check.links.inputField(index);
             if (withList >= 0 && field.list == 0)
-                tellListOfColumn(check, field, withList);
+                reportListOfColumn(check, field, withList);
             optional += !check.catalog.flag(field.record, Px::PX_Mandatory);
         }
         if (mandatory >= 0 && optional > 0)
-            tellMandatoryColumn(check, mandatory, optional);
+            reportMandatoryColumn(check, mandatory, optional);
     });
 }
 
@@ -740,7 +729,7 @@ void findRepeatedColumnsOnCodes(Check &check)
 
 namespace {
 
-void tellRepeatedExportId(Check &check, int first, int second)
+void reportRepeatedExportId(Check &check, int first, int second)
 {
     const Place place = placeOf(check.catalog, second, ColumnToken::COL_Export_ID);
     const Symbol id = check.catalog.value(second, ColumnToken::COL_Export_ID);
@@ -779,7 +768,7 @@ void findExportIds(Check &check)
     byId.sort();
     byId.forEach([&](const Groups::Members &records) {
         for (int index = 1; index < records.size(); ++index)
-            tellRepeatedExportId(check, records.first(), records[index]);
+            reportRepeatedExportId(check, records.first(), records[index]);
     });
 }
 

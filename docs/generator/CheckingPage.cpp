@@ -21,20 +21,16 @@ QString ruleTables()
                           .arg(group.isEmpty() ? QString() : QStringLiteral("\n"), rule.group);
         group = rule.group;
         tables += QStringLiteral("| [`%1`](#%1) | %2 | %3 |\n")
-                      .arg(rule.id, Tools::severityText(rule), rule.summary.toHtmlEscaped());
+                      .arg(rule.id, Tools::severityText(rule), Tools::escapedForMarkdown(rule.summary));
     }
     return tables;
 }
 
-// Outside of code, Markdown takes pieces of XML for markup of its own.
 QString ruleSection(const CatalogRule &rule)
 {
-    CatalogRule shown = rule;
-    shown.explanation =
-        rule.explanation.toHtmlEscaped().replace(QLatin1String("&quot;"), QLatin1String("\""));
     return QStringLiteral("### %1\n\n%2: %3.\n\n")
-               .arg(rule.id, Tools::severityText(rule), rule.summary.toHtmlEscaped())
-           + Tools::ruleMarkdown(shown);
+               .arg(rule.id, Tools::severityText(rule), Tools::escapedForMarkdown(rule.summary))
+           + Tools::ruleMarkdown(rule);
 }
 
 QString ruleSections()

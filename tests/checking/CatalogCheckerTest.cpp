@@ -3,8 +3,10 @@
 
 #include "checking/CatalogChecker.h"
 
+#include "catalogs/format/CatalogFormat.h"
 #include "support/TestSupport.h"
 
+#include <QRegularExpression>
 #include <QTextCodec>
 #include <QtTest>
 
@@ -25,6 +27,18 @@ bool isWholeFile(const QString &xml)
 {
     return xml.startsWith(QLatin1String("<?xml")) || xml.startsWith(QLatin1String("<!DOCTYPE"))
            || xml.startsWith(QLatin1String("<OVCAT>")) || xml.startsWith(QLatin1String("<CATALOGS>"));
+}
+
+// With the scrambled texts in lower case.
+QString withLowerCaseDigits(QString xml)
+{
+    const QRegularExpression fields(text("<(\\w+)>([0-9A-F]+)</"));
+    for (auto matches = fields.globalMatch(xml); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        if (Orvida::Catalogs::CatalogFormat::isScrambled(QStringView(match.captured(1))))
+            xml.replace(match.capturedStart(2), match.capturedLength(2), match.captured(2).toLower());
+    }
+    return xml;
 }
 
 // "12:7 error some-rule x2 +3"
@@ -71,6 +85,8 @@ private Q_SLOTS:
     void tellsWhatIsWrongWithAFile_data();
     void tellsWhatIsWrongWithAFile();
     void listsSomeAndCountsAll();
+    void endsOnFilesMadeToBeSlow_data();
+    void endsOnFilesMadeToBeSlow();
     void doesWithRulesAsItIsTold();
     void readsTheReadableFormAsScrambled();
 
@@ -202,6 +218,8 @@ void CatalogCheckerTest::findsNothingInOtherWaysToWriteAFile_data()
                                      .toUtf8();
     QTest::newRow("the other root") << QString(frame).replace(text("OVCAT"), text("OVCat")).toUtf8();
     QTest::newRow("one line") << frame.simplified().toUtf8();
+    QTest::newRow("comments") << QString(frame).replace(text("><"), text("><!-- c --><")).toUtf8();
+    QTest::newRow("lower-case digits") << withLowerCaseDigits(frame).toUtf8();
 }
 
 void CatalogCheckerTest::findsNothingInOtherWaysToWriteAFile()
@@ -239,7 +257,7 @@ void CatalogCheckerTest::tellsWhatIsWrongWithAFile_data()
                 "<OVCAT> from line 1");
     QTest::newRow("a comment with hyphens")
         << QByteArray("<OVCAT><!-- a -- b --></OVCAT>") << text("1:18 error not-well-formed")
-        << text("in a comment, two hyphens may not stand side by side");
+        << text("a comment may not contain two hyphens in a row");
 }
 
 void CatalogCheckerTest::tellsWhatIsWrongWithAFile()
@@ -277,6 +295,36 @@ void CatalogCheckerTest::listsSomeAndCountsAll()
     checker.setFindingsPerRule(0);
     checker.check(path);
     QCOMPARE(listed(checker), 250);
+}
+
+void CatalogCheckerTest::endsOnFilesMadeToBeSlow_data()
+{
+    QTest::addColumn<QByteArray>("records");
+    const auto repeated = [](int count, const char *record) {
+        QByteArray result;
+        for (int number = 0; number < count; ++number)
+            result += text(record).arg(number).toUtf8();
+        return result;
+    };
+    const QByteArray classId = scrambledForm("<LC_Class_ID>L</LC_Class_ID></LC>");
+    QTest::newRow("one record with many values")
+        << "<CLASS><CLASS_PK>C</CLASS_PK>" + repeated(200000, "<CLASS_Remarks>%1</CLASS_Remarks>")
+               + "</CLASS>";
+    QTest::newRow("lists that share their entries")
+        << repeated(5000, "<LC><LC_PK>L</LC_PK><LC_Profile_FK>%1</LC_Profile_FK>@").replace("@", classId)
+               + repeated(5000,
+                          "<LIST><LIST_Class_FK>L</LIST_Class_FK><LIST_Internal>%1</LIST_Internal></LIST>");
+    QTest::newRow("followers that are no codes")
+        << "<CHAREXT><CE_PK>C</CE_PK><CE_Follower>" + repeated(100000, "%1 ") + "</CE_Follower></CHAREXT>";
+}
+
+// What takes the square of their size would take hours.
+void CatalogCheckerTest::endsOnFilesMadeToBeSlow()
+{
+    QFETCH(QByteArray, records);
+    CatalogChecker checker;
+    checker.setFindingsPerRule(0);
+    QVERIFY(checker.check(m_folder.write(text("catalog.xml"), catalogXml(records))));
 }
 
 void CatalogCheckerTest::doesWithRulesAsItIsTold()

@@ -49,6 +49,24 @@ QByteArray smallCatalog()
                + "<!-- check: off no-item -->&e;<CLASS><CLASS_PK>&e;<b/><![CDATA[y]]></CLASS_PK></CLASS>");
 }
 
+// The scanner reads it.
+QByteArray plainCatalog()
+{
+    return catalogXml(scrambledForm(
+        "<CATPRO><PRO_PK>P</PRO_PK></CATPRO>\r\n<COL><COL_Profile_FK>P</COL_Profile_FK>"
+        "<COL_Column_ID>K</COL_Column_ID><COL_DataType>TXT</COL_DataType></COL><!-- check: off no-item -->"
+        "<CLASS a='b'><CLASS_PK>C&amp;</CLASS_PK><CLASS_Remarks>\xC3\xA9</CLASS_Remarks></CLASS>x"
+        "<BASECODE><BC_PK>B</BC_PK><BC_Class_FK>C</BC_Class_FK></BASECODE>"
+        "<PARAMX><PX_PK>1</PX_PK><PX_CharExt_FK>X</PX_CharExt_FK><PX_Column_ID/></PARAMX>"));
+}
+
+void addCatalogs()
+{
+    QTest::addColumn<QByteArray>("whole");
+    QTest::newRow("with everything") << smallCatalog();
+    QTest::newRow("plain") << plainCatalog();
+}
+
 } // namespace
 
 class LoadAgreementTest : public QObject
@@ -58,7 +76,9 @@ class LoadAgreementTest : public QObject
 private Q_SLOTS:
     void agreesOnFiles_data();
     void agreesOnFiles();
+    void agreesOnFilesThatAreCut_data() { addCatalogs(); }
     void agreesOnFilesThatAreCut();
+    void agreesOnFilesWithOneOtherBit_data() { addCatalogs(); }
     void agreesOnFilesWithOneOtherBit();
 };
 
@@ -90,7 +110,7 @@ void LoadAgreementTest::agreesOnFiles()
 
 void LoadAgreementTest::agreesOnFilesThatAreCut()
 {
-    const QByteArray whole = smallCatalog();
+    QFETCH(QByteArray, whole);
     for (int size = 0; size <= whole.size(); ++size)
         QVERIFY2(
             disagreementOnBytes(whole.left(size)).isEmpty(),
@@ -99,13 +119,13 @@ void LoadAgreementTest::agreesOnFilesThatAreCut()
 
 void LoadAgreementTest::agreesOnFilesWithOneOtherBit()
 {
-    QByteArray bytes = smallCatalog();
-    for (int bit = 0; bit < bytes.size() * 8; ++bit) {
-        const char original = bytes.at(bit / 8);
-        bytes[bit / 8] = char(original ^ 1 << bit % 8);
-        QVERIFY2(disagreementOnBytes(bytes).isEmpty(),
-                 qPrintable(disagreementOnBytes(bytes) + QLatin1Char('\n') + QString::fromUtf8(bytes)));
-        bytes[bit / 8] = original;
+    QFETCH(QByteArray, whole);
+    for (int bit = 0; bit < whole.size() * 8; ++bit) {
+        const char original = whole.at(bit / 8);
+        whole[bit / 8] = char(original ^ 1 << bit % 8);
+        QVERIFY2(disagreementOnBytes(whole).isEmpty(),
+                 qPrintable(disagreementOnBytes(whole) + QLatin1Char('\n') + QString::fromUtf8(whole)));
+        whole[bit / 8] = original;
     }
 }
 

@@ -2,8 +2,8 @@
 # against. A line that disappears or changes breaks hosts. ORVIDA_UPDATE=1 rewrites the lists.
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
 
-# Weak symbols are inline functions that were not inlined, which differs from build to build. Ours are hidden,
-# so only those of Qt and the standard library are left out.
+# Weak symbols are inline functions that were not inlined, and type information: that differs from build to build. Ours
+# are hidden, so only those of Qt and the standard library are left out.
 set(ours "(Orvida::|CCatalogTokenizer|ICatalogFileNameProvider)")
 
 # Sets `listing` to the soname and symbols of a library.
@@ -16,7 +16,7 @@ function(list_exports library)
   set(symbols "")
   foreach(line IN LISTS lines)
     string(REGEX REPLACE "^[0-9a-f]+ (.) " "" symbol "${line}")
-    if(NOT CMAKE_MATCH_1 MATCHES "[Wu]" OR symbol MATCHES "^([a-z ]* )?${ours}")
+    if(NOT CMAKE_MATCH_1 MATCHES "[WVu]" OR symbol MATCHES "^([a-z ]* )?${ours}")
       list(APPEND symbols "${symbol}")
     endif()
   endforeach()

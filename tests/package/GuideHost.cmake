@@ -14,7 +14,7 @@ foreach(block IN LISTS blocks)
 endforeach()
 
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/package/guidehost -B ${host} -G ${GENERATOR}
-  -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_UNITY_BUILD=ON -DHEADERS=${host}-headers)
+  -DCMAKE_CXX_COMPILER=${CXX} -DHEADERS=${host}-headers)
 file(GLOB_RECURSE package ${host}/orvida-catalogs.pc)
 file(STRINGS ${package} requirement REGEX "^Requires:")
 if(NOT requirement MATCHES ", guide-layer$")

@@ -2,6 +2,6 @@
 include(${CMAKE_CURRENT_LIST_DIR}/Common.cmake)
 set(host ${BUILD_DIR}/hostlayer)
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/hostlayer -B ${host} -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${CXX}
-  -DCMAKE_BUILD_TYPE=Debug -DCMAKE_UNITY_BUILD=ON)
+  -DCMAKE_BUILD_TYPE=Debug)
 run(${CMAKE_COMMAND} --build ${host})
 run(${host}/recordinghost-check)

@@ -12,7 +12,7 @@ class ScrambledTextTest : public QObject
 
 private Q_SLOTS:
     void decodesWhatItEncodes();
-    void decodesAnyPairAsTheLongWay();
+    void decodesAnyPairLikeQt();
 };
 
 void ScrambledTextTest::decodesWhatItEncodes()
@@ -30,7 +30,7 @@ void ScrambledTextTest::decodesWhatItEncodes()
 
 // The fast path for plain digits must make no difference: any two characters give the byte that Qt's
 // conversion gives.
-void ScrambledTextTest::decodesAnyPairAsTheLongWay()
+void ScrambledTextTest::decodesAnyPairLikeQt()
 {
     for (int first = 0; first < 0x180; ++first) {
         for (int second = 0; second < 0x180; ++second) {

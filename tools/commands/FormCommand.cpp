@@ -3,7 +3,6 @@
 #include "tools/ExitStatus.h"
 #include "tools/InputFile.h"
 #include "tools/Messages.h"
-#include "tools/Options.h"
 
 #include <CLI/CLI.hpp>
 
@@ -13,7 +12,7 @@ namespace {
 
 using Print = void (*)(const QString &file, FilePosition position, const QString &text);
 
-// The first hundred tell enough of a file that is as a whole not what it was taken for.
+// A hundred are enough when a file as a whole is not what it was taken for.
 void report(const QString &name, const QVector<FormChange::Note> &notes, Print print)
 {
     constexpr int most = 100;
@@ -38,52 +37,32 @@ FormCommand::FormCommand(TextForm target)
 
 void FormCommand::addOptions(CLI::App &command)
 {
-    addInputFile(command, m_fileName);
-    const auto output =
-        addTextOption(command, "-o,--output", m_output, "Write here, and not to standard output")
-            ->option_text("OUT");
-    command.add_flag("--in-place", m_isInPlace, "Write over FILE")->excludes(output);
+    m_options.addTo(command);
     command.add_flag(
         "--force", m_isForced,
-        "Also change a file that seems to have this form already, texts of which a load takes only\n"
-        "the first piece, and digits in lower case");
+        "Change what is refused otherwise: a file that seems to have this form already, the first piece\n"
+        "of a text in pieces, digits in lower case");
 }
 
 int FormCommand::run()
 {
-    const OutputFile output(m_isInPlace ? m_fileName : m_output.value_or(QStringLiteral("-")));
-    const QString error = usageError(output);
-    if (!error.isEmpty()) {
-        printMessage(error);
+    if (!m_options.areUsable())
         return WrongUsage;
-    }
-    InputFile input(m_fileName);
+    InputFile input(m_options.fileName());
     if (!input.read()) {
         printFailure(input.name(), input.failure());
         return NotReadable;
     }
     const FormChange change(input.bytes());
     if (change.failure()) {
-        printFailure(input.name(), *change.failure());
+        printFailure(input.name(), explained(*change.failure(), input.path()));
         return NotReadable;
     }
     if (refuses(change, input.name()))
         return AnswerIsNo;
     int status = Done;
     const QByteArray document = changed(change, input.name(), status);
-    return output.write(document, status);
-}
-
-// What is wrong with where the document is to go; empty when all is well.
-QString FormCommand::usageError(const OutputFile &output) const
-{
-    if (m_isInPlace)
-        return output.isStream()
-                   ? QStringLiteral("%1 cannot be written over; leave --in-place out").arg(m_fileName)
-                   : QString();
-    return output.isSameAs(m_fileName)
-               ? QStringLiteral("%1 is the input itself; to write over it, use --in-place").arg(output.name())
-               : QString();
+    return m_options.output().write(document, status);
 }
 
 bool FormCommand::refuses(const FormChange &change, const QString &name) const

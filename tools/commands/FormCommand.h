@@ -2,14 +2,12 @@
 // back.
 #pragma once
 
-#include "tools/OutputFile.h"
+#include "tools/RewriteOptions.h"
 #include "tools/TextForm.h"
 #include "tools/commands/Command.h"
 
 #include <QByteArray>
 #include <QString>
-
-#include <optional>
 
 namespace Orvida::Tools {
 
@@ -22,14 +20,11 @@ public:
 
 private:
     void addOptions(CLI::App &command) override;
-    QString usageError(const OutputFile &output) const;
     bool refuses(const FormChange &change, const QString &name) const;
     QByteArray changed(const FormChange &change, const QString &name, int &status) const;
 
     const TextForm m_target;
-    QString m_fileName;
-    std::optional<QString> m_output;
-    bool m_isInPlace = false;
+    RewriteOptions m_options;
     bool m_isForced = false;
 };
 

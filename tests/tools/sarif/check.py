@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks what `orvida-catalog check --format sarif` writes against the schema beside this file.
+"""Checks what `orvida-catalog check --format sarif` writes against the public schema of SARIF 2.1.0.
 
   check.py ORVIDA-CATALOG FOLDER
 
@@ -12,7 +12,7 @@ import sys
 
 import jsonschema
 
-SCHEMA = json.loads(pathlib.Path(__file__).with_name('sarif.schema.json').read_text(encoding='utf-8'))
+SCHEMA = json.loads(pathlib.Path(__file__).with_name('sarif-2.1.0-rtm.5.json').read_text(encoding='utf-8'))
 
 
 def report(tool, folder, *names):

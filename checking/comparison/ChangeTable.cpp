@@ -1,0 +1,301 @@
+#include "checking/comparison/ChangeTable_p.h"
+
+#include <array>
+
+namespace Orvida::Checking {
+
+namespace {
+
+constexpr CatalogChangeClass breaking = CatalogChangeClass::Breaking, review = CatalogChangeClass::Review,
+                             addition = CatalogChangeClass::Addition, wording = CatalogChangeClass::Wording,
+                             hidden = CatalogChangeClass::Hidden;
+
+// clang-format off
+constexpr std::array<ChangeRow, std::size_t(Change::Count)> rows = {{
+    {Change::CatalogKeyChanged, "catalog-key-changed", review,
+     "the catalog has another key",
+     "CAT_PK differs. Who keeps catalogs apart by it takes the new edition for another catalog."},
+    {Change::VersionNotRaised, "version-not-raised", review,
+     "the catalog has changed, its version has not",
+     "CAT_Version is the same, or missing in both editions, although more than hidden things have changed. "
+     "Nobody can tell the two editions apart by it."},
+    {Change::Gained3d, "3d-gained", review,
+     "the catalog supports 3D now",
+     "CAT_Style has the bit 2147483648 now: hosts may offer the section of the structure."},
+    {Change::Lost3d, "3d-lost", review,
+     "the catalog does not support 3D any more",
+     "CAT_Style has lost the bit 2147483648: hosts no longer offer the section of the structure."},
+    {Change::ProfileRemoved, "profile-removed", breaking,
+     "a profile is gone",
+     "No CATPRO has its key, and none was recognised as the same. What was recorded with it has no fields any "
+     "more. Its columns and lists are not reported besides."},
+    {Change::ProfileRenamed, "profile-renamed", breaking,
+     "a profile has another key",
+     "A profile with another key has the same PRO_Format and PRO_ExportType, or at least 80 percent of the columns. "
+     "Inspections name the profile by its old key. The pair goes into the map."},
+    {Change::ProfileAdded, "profile-added", addition,
+     "a profile is new",
+     "Its columns and lists are not reported besides."},
+    {Change::ChosenProfileChanged, "chosen-profile-changed", review,
+     "a load chooses another profile",
+     "The marks or sort orders that decide have changed. Inspectors get other fields than before."},
+
+    {Change::CodeRemoved, "code-removed", breaking,
+     "a code is gone",
+     "No item has the code, and none was recognised as the same under another code; or one of several items with "
+     "one code is gone. Recorded observations with it mean nothing any more. For review when it is an item without "
+     "code, such as a class. Its fields are not reported besides."},
+    {Change::CodeRenamed, "code-renamed", breaking,
+     "an item has another code",
+     "The old code is gone, and an item with a new one has the same key, or the same caption and parent, or the same "
+     "caption and columns. Recorded observations have the old code. The pair goes into the map."},
+    {Change::CodePerhapsRenamed, "code-perhaps-renamed", breaking,
+     "an item perhaps has another code",
+     "The old code is gone, and under the same parent there is a new one with a caption that is similar by at least 75 "
+     "percent, or with the same columns and the same observation text but for the words of its caption. The pair goes "
+     "into the map only when weak pairs are asked for. For review when neither item has a code."},
+    {Change::CodeReused, "code-reused", breaking,
+     "a code means something else now",
+     "Key, caption and parent of the item with this code have all changed, the caption by more than 60 percent. "
+     "Recorded observations would be read as something else. What else is different is not reported besides."},
+    {Change::CodeAmbiguous, "code-ambiguous", breaking,
+     "a code belongs to several items now",
+     "One item had the code, several have it now. Which of them answers for recorded observations is left to chance."},
+    {Change::CodeUnreachable, "code-unreachable", breaking,
+     "a code is outside the tree now",
+     "Its parent is missing, or it is its own ancestor; or that is so of an item above it, and it is counted there. "
+     "Nobody can choose it."},
+    {Change::CodeAdded, "code-added", addition,
+     "a code is new",
+     "Its fields are not reported besides."},
+    {Change::CodeMoved, "code-moved", review,
+     "a code has another parent",
+     "It belongs to another class, or is a finer code of another one. A parent with another code counts as the same "
+     "when it was recognised."},
+    {Change::CodeBecameParent, "code-became-parent", review,
+     "a code has finer codes now",
+     "It had none below it. A finer code may be wanted for what was recorded with it."},
+    {Change::CodeLostChildren, "code-lost-children", review,
+     "a code has no finer codes any more",
+     "There were some below it."},
+    {Change::CodeVirtual, "code-virtual", review,
+     "an item is virtual now",
+     "Virtual items structure the tree; hosts may refuse to record them."},
+    {Change::CodeReal, "code-real", review,
+     "an item is not virtual any more",
+     "It can be recorded now."},
+    {Change::CodeFlagsChanged, "code-flags-changed", review,
+     "the type flags of a code have changed",
+     "BC_TypeFlags or CE_TypeFlags differs; the host knows what the bits mean."},
+    {Change::ConstructionChanged, "construction-changed", review,
+     "the construction type of a code has changed",
+     "BC_Construction or CE_Construction differs; the host knows what the numbers mean."},
+    {Change::AutoPictureChanged, "auto-picture-changed", review,
+     "whether a picture is taken has changed",
+     "BC_AutoPicture or CE_AutoPicture differs."},
+    {Change::CloseCodeChanged, "close-code-changed", review,
+     "another code ends what this one begins",
+     "BC_CloseCode or CE_CloseCode differs. Recorded stretches may have no end, or end elsewhere. A close code that "
+     "was renamed counts as the same."},
+    {Change::FollowersChanged, "followers-changed", review,
+     "other codes follow a code",
+     "CE_Follower differs."},
+    {Change::CodeKeyChanged, "code-key-changed", review,
+     "an item has another key",
+     "The code is the same; or, of an item without code, the caption. Only hosts that store keys of items are touched."},
+    {Change::CaptionChanged, "caption-changed", wording,
+     "the caption of an item has changed",
+     "It is similar enough to mean the same."},
+    {Change::RemarksChanged, "remarks-changed", wording,
+     "the remarks on an item have changed",
+     "They are similar enough to mean the same."},
+    {Change::MeaningMayDiffer, "meaning-may-differ", review,
+     "a caption or remark says something else",
+     "It is different by more than 60 percent. Perhaps the code means something else now."},
+    {Change::ObservationTextChanged, "observation-text-changed", wording,
+     "the observation text of a code has changed",
+     "For review when it has other placeholders: reports then tell other values."},
+    {Change::SiblingsReordered, "siblings-reordered", wording,
+     "codes come in another order",
+     "The children that an item has in both editions have other sort orders, so that some come before others that they "
+     "came after. New ones between them do not count."},
+
+    {Change::FieldRemoved, "field-removed", breaking,
+     "a code has lost a field",
+     "In these profiles the code has no field in the column any more: the field is gone, or the column is gone from "
+     "the profiles. Recorded values are not shown."},
+    {Change::FieldAdded, "field-added", addition,
+     "a code has a new field",
+     "For review when it is mandatory: what was recorded before is incomplete."},
+    {Change::FieldColumnChanged, "field-column-changed", breaking,
+     "a field fills another column",
+     "Code, parameter and profile are the same. Recorded values are in the old column. A column that all fields of a "
+     "profile left for the same other one goes into the map."},
+    {Change::FieldTypeChanged, "field-type-changed", breaking,
+     "a field has another type",
+     "PARAM_DataType differs. Recorded values may not be read."},
+    {Change::FieldTypeWidened, "field-type-widened", review,
+     "a field has a wider type",
+     "INT became DEC, or some type became TXT, without a list: recorded values can still be read."},
+    {Change::UnitChanged, "unit-changed", breaking,
+     "a field has another unit",
+     "Of a number: the same digits mean another size. For review when there was no unit, or is none now, or the field "
+     "is no number."},
+    {Change::RangeNarrowed, "range-narrowed", breaking,
+     "a field takes fewer values",
+     "A limit was moved inwards, or there was none. Recorded values may be outside. Limits that are neither numbers nor "
+     "dates count as narrower when they differ."},
+    {Change::LengthShortened, "length-shortened", breaking,
+     "a field takes shorter texts only",
+     "PX_Length is less, or there was none. Recorded texts may be longer."},
+    {Change::DecimalsReduced, "decimals-reduced", breaking,
+     "a field takes fewer decimals",
+     "PX_Precision is less. Recorded numbers may have more."},
+    {Change::RangeWidened, "range-widened", addition,
+     "a field takes more values",
+     "A limit was moved outwards, or is gone, and the other was not moved inwards."},
+    {Change::LengthIncreased, "length-increased", addition,
+     "a field takes longer texts",
+     "PX_Length is greater, or is gone."},
+    {Change::DecimalsAdded, "decimals-added", addition,
+     "a field takes more decimals",
+     "PX_Precision is greater."},
+    {Change::StepChanged, "step-changed", review,
+     "a field has another step",
+     "PX_Steps differs. Recorded values may be between two steps."},
+    {Change::DefaultChanged, "default-changed", review,
+     "a field begins with another value",
+     "PX_Default differs."},
+    {Change::FormatChanged, "format-changed", review,
+     "a field is typed in another format",
+     "PX_InputFmt differs."},
+    {Change::BecameMandatory, "became-mandatory", review,
+     "a field must be filled in now",
+     "PX_Mandatory is true. What was recorded before may be incomplete."},
+    {Change::BecameOptional, "became-optional", addition,
+     "a field may be left empty now",
+     "PX_Mandatory is not true any more."},
+    {Change::BecameHidden, "became-hidden", review,
+     "a field is not shown any more",
+     "COL_Visible of its column is not true any more in these profiles."},
+    {Change::BecameShown, "became-shown", review,
+     "a field is shown now",
+     "COL_Visible of its column is true now in these profiles."},
+    {Change::BecameReadOnly, "became-read-only", review,
+     "a field can only be read now",
+     "COL_ReadOnly of its column is true now in these profiles."},
+    {Change::BecameWritable, "became-writable", review,
+     "a field can be changed now",
+     "COL_ReadOnly of its column is not true any more in these profiles."},
+    {Change::PlaceholderChanged, "placeholder-changed", review,
+     "a field has another placeholder",
+     "PARAM_Placeholder differs. Observation texts with the old one show no value."},
+    {Change::FieldFlagsChanged, "field-flags-changed", review,
+     "the type flags of a field have changed",
+     "PARAM_TypeFlags differs; the host knows what the bits mean."},
+    {Change::PrefixChanged, "prefix-changed", wording,
+     "the text before a value has changed",
+     "PARAM_Prefix differs."},
+    {Change::SuffixChanged, "suffix-changed", wording,
+     "the text after a value has changed",
+     "PARAM_Suffix differs."},
+    {Change::FieldCaptionChanged, "field-caption-changed", wording,
+     "the caption of a field has changed",
+     "PARAM_Caption differs."},
+    {Change::DisplayFormatChanged, "display-format-changed", wording,
+     "a value is shown in another format",
+     "PX_DisplayFmt differs."},
+    {Change::FieldsReordered, "fields-reordered", wording,
+     "the fields of a code come in another order",
+     "PARAM_SortOrder of the fields that a code has in both editions puts some before others that they came after."},
+
+    {Change::ListAttached, "list-attached", breaking,
+     "a field offers a list now",
+     "Anything could be typed in before. Recorded values may not be in the list."},
+    {Change::ListDetached, "list-detached", addition,
+     "a field offers no list any more",
+     "PX_ListClass_ID names no list, or one without entries: anything can be typed in."},
+    {Change::ListExchanged, "list-exchanged", breaking,
+     "a field offers another list",
+     "PX_ListClass_ID names another list, in which values of the old one are missing. An addition when none is missing."},
+    {Change::ValueRemoved, "value-removed", breaking,
+     "a list has lost a value",
+     "No entry has the value, and none was recognised as the same. Lists are compared when fields use them in both "
+     "editions, and reported once with the codes that it touches."},
+    {Change::ValueRenamed, "value-renamed", breaking,
+     "an entry of a list has another value",
+     "The old value is gone, and an entry with a new one has the same caption or item text. The pair goes into the map."},
+    {Change::ValueReused, "value-reused", breaking,
+     "a value of a list means something else now",
+     "Caption and item text of the entry both differ by more than 60 percent. Recorded values would be read as something "
+     "else."},
+    {Change::ValueAdded, "value-added", addition,
+     "a list has a new value",
+     "No entry had the value."},
+    {Change::ValueCaptionChanged, "value-caption-changed", wording,
+     "the texts of a value have changed",
+     "Caption or item text of the entry differs, or the number of entries with this value."},
+    {Change::ValuesReordered, "values-reordered", wording,
+     "the values of a list come in another order",
+     "The sort orders of the values that are there in both editions put some before others that they came after."},
+    {Change::ValueRuleChanged, "value-rule-changed", breaking,
+     "something else is recorded of the entries of a list",
+     "LC_TypeFlags differs in the bits 32 (internal value) and 1 (caption), which choose what an entry records. The "
+     "values that entries have now go into the map, and are not reported besides."},
+
+    {Change::DefectCodeRemoved, "defect-code-removed", breaking,
+     "a continuous-defect code is gone",
+     "No entry of the list LC_ID_CD has the code in these profiles. When a new code has its text, the pair goes into "
+     "the map."},
+    {Change::DefectCodeTextChanged, "defect-code-text-changed", wording,
+     "the text of a continuous-defect code has changed",
+     "It is similar enough to mean the same."},
+    {Change::DefectCodeReused, "defect-code-reused", breaking,
+     "a continuous-defect code means something else now",
+     "Its text is different by more than 60 percent."},
+    {Change::DefectCodeAdded, "defect-code-added", addition,
+     "a continuous-defect code is new",
+     "The list LC_ID_CD has a new code in these profiles."},
+    {Change::ExportIdChanged, "export-id-changed", breaking,
+     "a column has another name in exchange files",
+     "COL_Export_ID differs: who reads exchange files by the old name finds nothing. An addition when there was none."},
+    {Change::ExportIdRemoved, "export-id-removed", breaking,
+     "a column has no name in exchange files any more",
+     "COL_Export_ID is gone."},
+    {Change::ColumnNoLongerExported, "column-no-longer-exported", review,
+     "a column is not written to exchange files any more",
+     "COL_Transport is not true any more in these profiles."},
+    {Change::ColumnExported, "column-exported", review,
+     "a column is written to exchange files now",
+     "COL_Transport is true now in these profiles."},
+
+    {Change::KeyChanged, "key-changed", hidden,
+     "a record has another key",
+     "The key of a field, a parameter or a list. Nothing that is recorded or shown depends on it."},
+    {Change::RecordOrderChanged, "record-order-changed", hidden,
+     "records come in another order in the file",
+     "Of this kind of record, some come before others that they came after."},
+    {Change::UnusedChanged, "unused-changed", hidden,
+     "something has changed that nothing uses",
+     "Lists, parameters or columns that no field names, and elements that a load does not build anything from."},
+}};
+// clang-format on
+
+constexpr bool isInOrder()
+{
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        if (rows[index].change != Change(index))
+            return false;
+    }
+    return true;
+}
+static_assert(isInOrder(), "each kind of change has its row");
+
+} // namespace
+
+const ChangeRow &changeRow(Change change)
+{
+    return rows[std::size_t(change)];
+}
+
+} // namespace Orvida::Checking
