@@ -222,7 +222,10 @@ void ViewerCheck::fillsTheObservationText()
     QCOMPARE(observation(), QString("Fissure, ouverture 2.5 mm, longueur 0.8 m, de 3 à 5 heures"));
     QCOMPARE(form->openFields(), QStringList());
     if (qEnvironmentVariableIsSet("ORVIDA_UPDATE"))
-        QVERIFY(m_window.grab().toImage().convertToFormat(QImage::Format_Indexed8).save(screenshot));
+        QVERIFY(m_window.grab()
+                    .toImage()
+                    .convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither)
+                    .save(screenshot, "PNG", 0)); // a small file
 }
 
 void ViewerCheck::listsFindings()
