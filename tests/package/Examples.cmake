@@ -20,7 +20,7 @@ if(NOT printed STREQUAL expected)
   message(SEND_ERROR "minimal-host printed:\n${printed}expected:\n${expected}")
 endif()
 run(${host} ${SAMPLES} tunnels)
-if(NOT output MATCHES "^\\* Inspection détaillée d'un tunnel routier\n  [^\n]*\n  [^\n]*\nECA ECAD ")
+if(NOT output MATCHES "^\\* Inspection détaillée d'un tunnel routier\n  [^\n]*\n  [^\n]*\nECA ECAC ")
   message(SEND_ERROR "minimal-host printed of the sample:\n${output}")
 endif()
 
