@@ -16,9 +16,9 @@ endif()
 # Installs libraries with their headers, and the file `name`.cmake that gives them to hosts.
 function(orvida_install_export name)
   install(TARGETS ${ARGN} EXPORT ${name}
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvida)
-  install(EXPORT ${name} NAMESPACE Orvida:: DESTINATION ${ORVIDA_INSTALL_CMAKEDIR})
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvida COMPONENT development)
+  install(EXPORT ${name} NAMESPACE Orvida:: DESTINATION ${ORVIDA_INSTALL_CMAKEDIR} COMPONENT development)
   if(IS_ABSOLUTE ${CMAKE_INSTALL_INCLUDEDIR})
     # CMake 3.25 looks for file sets below the prefix, absolute or not.
     cmake_path(ABSOLUTE_PATH ORVIDA_INSTALL_CMAKEDIR BASE_DIRECTORY "\${CMAKE_INSTALL_PREFIX}"
@@ -27,7 +27,7 @@ function(orvida_install_export name)
       set(file \"\$ENV{DESTDIR}${folder}/${name}.cmake\")
       file(READ \"\${file}\" targets)
       string(REPLACE \"\\\${_IMPORT_PREFIX}//\" \"/\" targets \"\${targets}\")
-      file(WRITE \"\${file}\" \"\${targets}\")")
+      file(WRITE \"\${file}\" \"\${targets}\")" COMPONENT development)
   endif()
 endfunction()
 
@@ -53,7 +53,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/OrvidaCatalogsConfigVersi
 install(FILES
   ${PROJECT_BINARY_DIR}/OrvidaCatalogsConfig.cmake
   ${PROJECT_BINARY_DIR}/OrvidaCatalogsConfigVersion.cmake
-  DESTINATION ${ORVIDA_INSTALL_CMAKEDIR})
+  DESTINATION ${ORVIDA_INSTALL_CMAKEDIR} COMPONENT development)
 
 # The pkg-config file finds the prefix relative to its own folder, so that an installation can be moved. With
 # an absolute library folder it cannot.
@@ -73,5 +73,10 @@ elseif(ORVIDA_HOST_TARGET)
 endif()
 foreach(name IN LISTS pkgconfig_names)
   configure_file(cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
-  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+    COMPONENT development)
 endforeach()
+
+if(ORVIDA_BUILD_PACKAGES)
+  include(OrvidaDebian)
+endif()

@@ -76,7 +76,6 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-public Q_SLOTS:
     /// Reads the fields anew.
     void refresh();
 

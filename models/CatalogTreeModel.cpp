@@ -123,7 +123,8 @@ QModelIndex CatalogTreeModel::index(int row, int column, const QModelIndex &pare
     if (!hasIndex(row, column, parent))
         return QModelIndex();
     const Node &node = m_private->nodes[m_private->placeOf(parent)];
-    return createIndex(row, column, quintptr(node.firstChild + row));
+    const int place = node.firstChild + row;
+    return createIndex(row, column, quintptr(place));
 }
 
 QModelIndex CatalogTreeModel::parent(const QModelIndex &child) const

@@ -43,6 +43,7 @@ void CodeForm::rebuild()
     for (const CatalogInputField &field : m_fields.fields())
         addRow(*layout, field);
     static_cast<QVBoxLayout *>(this->layout())->insertWidget(0, m_content);
+    m_content->show(); // at once: the focus may move into it next
     showTexts();
 }
 

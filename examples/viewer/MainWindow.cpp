@@ -160,6 +160,7 @@ QWidget *MainWindow::makeTreeSide()
 {
     m_searchEdit->setPlaceholderText(tr("Search codes, captions, remarks and list values (Ctrl+F)"));
     m_searchEdit->setClearButtonEnabled(true);
+    m_treeView->setObjectName("codes");
     m_treeView->setUniformRowHeights(true); // many siblings stay fluent
     m_treeView->header()->setSectionResizeMode(CatalogTreeModel::CaptionColumn, QHeaderView::Stretch);
     m_treeView->header()->setStretchLastSection(false);

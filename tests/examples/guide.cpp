@@ -123,7 +123,8 @@ int main(int argc, char **argv)
     page.choose("missing");
     page.choose("bad");
     page.choose("tunnels"); // in the cache
-    while (shown.last() != "tunnels")
+    const int shownBefore = shown.size();
+    while (shown.size() == shownBefore)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     for (const QString &line : qAsConst(shown))
         qInfo("%s", qPrintable(line));
