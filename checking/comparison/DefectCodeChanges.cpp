@@ -111,9 +111,8 @@ void DefectCodesComparison::compareTexts(const ListEntry &before, const ListEntr
     m_pair.records.push_back({before.record, after.record});
     if (before.item == after.item)
         return;
-    const bool isReused =
-        meanSomethingElse(m_pair.oldEdition.text(before.record, ListItemToken::LIST_Item),
-                          m_pair.newEdition.text(after.record, ListItemToken::LIST_Item));
+    const bool isReused = meanSomethingElse(m_pair.oldEdition.text(before.record, ListItemToken::LIST_Item),
+                                            m_pair.newEdition.text(after.record, ListItemToken::LIST_Item));
     ChangeDraft &draft =
         add(isReused ? Change::DefectCodeReused : Change::DefectCodeTextChanged, &before, &after);
     const QString texts = fromTo(draft.told.oldText, draft.told.newText);
