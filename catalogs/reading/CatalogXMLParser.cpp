@@ -113,7 +113,8 @@ bool CatalogXMLParser::Private::isPlain()
     bool isPlain = true;
     for (qint64 count = 0; isPlain && (count = input.file.read(block.data(), block.size())) > 0;) {
         const std::string_view bytes(block.data(), static_cast<std::size_t>(count));
-        isPlain = bytes.find("![") == bytes.npos && bytes.find("?>", declaration) == bytes.npos;
+        isPlain = bytes.find("![") == std::string_view::npos
+                  && bytes.find("?>", declaration) == std::string_view::npos;
     }
     if (isPlain && input.file.seek(0)) {
         PlainXmlScanner scanner(input.file, PlainXmlScanner::usualBlock, false);

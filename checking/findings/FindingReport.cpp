@@ -155,7 +155,7 @@ void FindingReport::finish()
 
 CatalogSeverity FindingReport::severityOf(const Fault &fault) const
 {
-    const std::size_t rule = std::size_t(fault.rule);
+    const auto rule = std::size_t(fault.rule);
     return m_settings.isGiven[rule] ? severityAt(m_settings.levels[rule]) : fault.severity;
 }
 
