@@ -164,17 +164,18 @@ QString ChangeText::profilesText(const CatalogChange &change) const
     if (count <= mostNamed)
         return QStringLiteral(" (%1)").arg(change.profiles.join(QStringLiteral(", ")));
     return QStringLiteral(" (%1 and %2 more)")
-        .arg(change.profiles.mid(0, mostNamed - 1).join(QStringLiteral(", ")))
-        .arg(count - mostNamed + 1);
+        .arg(change.profiles.mid(0, mostNamed - 1).join(QStringLiteral(", ")),
+             QString::number(count - mostNamed + 1));
 }
 
 // In the new edition, or in the old one when there is nothing left.
 QString ChangeText::placeText(const CatalogChange &change) const
 {
     if (change.newPlace.line > 0)
-        return QStringLiteral(": %1:%2").arg(m_newLabel).arg(change.newPlace.line);
-    return change.oldPlace.line > 0 ? QStringLiteral(": %1:%2").arg(m_oldLabel).arg(change.oldPlace.line)
-                                    : QString();
+        return QStringLiteral(": %1:%2").arg(m_newLabel, QString::number(change.newPlace.line));
+    return change.oldPlace.line > 0
+               ? QStringLiteral(": %1:%2").arg(m_oldLabel, QString::number(change.oldPlace.line))
+               : QString();
 }
 
 } // namespace Orvida::Tools

@@ -40,7 +40,7 @@ QString fateOf(const CheckedFile &file)
 
 QString placeOf(const QString &name, qint64 line, qint64 column)
 {
-    return QStringLiteral("%1:%2:%3:").arg(name).arg(line).arg(column);
+    return QStringLiteral("%1:%2:%3:").arg(name, QString::number(line), QString::number(column));
 }
 
 } // namespace

@@ -13,7 +13,7 @@ using Record = RecordPositions::Record;
 
 QString atLine(const QString &text, const FilePosition &position)
 {
-    return QStringLiteral("%1, line %2").arg(text).arg(position.line);
+    return QStringLiteral("%1, line %2").arg(text, QString::number(position.line));
 }
 
 QString inWords(const Record &record)

@@ -254,6 +254,8 @@ class Checks:
         pages = len(re.findall(rb"/Type\s*/Page\b", paper))
         self.expect("%d classes on %d pages" % (classes, pages), pages > classes > 2)
         self.equal(self.browser.run("window.formsOnPaper"), 169)
+        self.equal(self.browser.run("[...document.querySelectorAll('.class')].map(c => getComputedStyle(c).page).join()"),
+                   "s1,s2,s3,s4")
         self.equal(self.browser.run("document.querySelectorAll('.printed').length"), 0)
         self.nothing_to_complain_of()
 
@@ -352,6 +354,11 @@ class Checks:
             self.browser.open(self.sample, anchor)
             self.expect("no wider than the screen at " + anchor,
                         self.browser.run("document.documentElement.scrollWidth") <= 360)
+        self.browser.open(self.sample, "#ERG")
+        self.equal(self.browser.run("[...document.querySelectorAll('#_view .field th')].filter(label => {"
+                                    "const range = document.createRange(); range.selectNodeContents(label);"
+                                    "return !/\\s/.test(label.innerText) && range.getClientRects().length > 1"
+                                    "}).map(label => label.innerText)"), [])
         self.browser.call("Emulation.clearDeviceMetricsOverride")
 
 

@@ -68,7 +68,7 @@ int ExportCommand::run()
     }
     const TranslatableTexts texts(input.bytes(), input.form(), m_choice);
     if (texts.failure()) {
-        printFailure(input.name(), *texts.failure());
+        printFailure(input.name(), explained(*texts.failure(), input.path()));
         return NotReadable;
     }
     const auto dialect = m_isForExcel ? CsvText::Dialect::Excel : CsvText::Dialect::Plain;

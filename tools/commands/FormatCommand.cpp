@@ -19,13 +19,14 @@ int differingLine(const QByteArray &a, const QByteArray &b)
     return static_cast<int>(std::count(a.cbegin(), end, '\n')) + 1;
 }
 
-int reportDifference(const QString &name, const QByteArray &before, const QByteArray &after)
+int reportDifference(const QString &name, const QString &call, const QByteArray &before,
+                     const QByteArray &after)
 {
     if (before == after)
         return Done;
     printWarning(name, {differingLine(before, after), 1},
                  QStringLiteral("from here on the layout is another one"));
-    printRemedy(QStringLiteral("orvida-catalog format --in-place %1").arg(name));
+    printRemedy(call);
     return AnswerIsNo;
 }
 
@@ -51,14 +52,19 @@ int FormatCommand::run()
     const QByteArray before = input.bytes();
     const CatalogLayout layout(before);
     if (layout.failure()) {
-        printFailure(input.name(), *layout.failure());
+        printFailure(input.name(), explained(*layout.failure(), input.path()));
         return NotReadable;
     }
     if (!layout.obstacle().isEmpty())
         printWarning(input.name(), layout.obstaclePosition(),
                      QStringLiteral("the file is kept as it is: ") + layout.obstacle());
-    if (m_isCheck)
-        return reportDifference(input.name(), before, layout.document());
+    if (m_isCheck) {
+        const QString option =
+            m_options.fileName() == QLatin1String("-") ? QString() : QStringLiteral("--in-place ");
+        return reportDifference(input.name(),
+                                QStringLiteral("orvida-catalog format ") + option + m_options.fileName(),
+                                before, layout.document());
+    }
     if (m_options.isInPlace() && layout.document() == before)
         return Done;
     return m_options.output().write(layout.document(), Done);

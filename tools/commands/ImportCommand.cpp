@@ -107,6 +107,11 @@ int ImportCommand::run()
 {
     if (!m_options.areUsable())
         return WrongUsage;
+    if (m_options.output().isSameAs(m_tableName)) {
+        printMessage(
+            QStringLiteral("%1 is the table itself; give the catalog another name").arg(m_tableName));
+        return WrongUsage;
+    }
     InputFile input(m_options.fileName());
     if (!input.read()) {
         printFailure(input.name(), input.failure());
@@ -114,7 +119,7 @@ int ImportCommand::run()
     }
     const TranslatableTexts texts(input.bytes(), input.form(), TranslatableTexts::All);
     if (texts.failure()) {
-        printFailure(input.name(), *texts.failure());
+        printFailure(input.name(), explained(*texts.failure(), input.path()));
         return NotReadable;
     }
     Translations translations(texts.texts(), m_tableName);

@@ -50,13 +50,19 @@ bool isBefore(const Group &a, const Group &b)
     return a.field && b.field ? a.field < b.field : a.field != nullptr && b.field == nullptr;
 }
 
+QLatin1String lineBreakOf(const QString &text)
+{
+    for (const char *lineBreak : {"\r\n", "\n", "\r"}) {
+        if (text.contains(QLatin1String(lineBreak)))
+            return QLatin1String(lineBreak);
+    }
+    return QLatin1String("\n");
+}
+
 class Writer
 {
 public:
-    explicit Writer(const QString &text)
-        : m_text(text), m_lineBreak(QLatin1String(text.contains(QLatin1String("\r\n")) ? "\r\n" : "\n"))
-    {
-    }
+    explicit Writer(const QString &text) : m_text(text), m_lineBreak(lineBreakOf(text)) {}
 
     QString write(const LayoutPieces &pieces)
     {
@@ -123,8 +129,9 @@ bool Writer::isOnOneLine(const LayoutPiece &record) const
 {
     const bool hasComments = std::any_of(record.inside.cbegin(), record.inside.cend(),
                                          [](const LayoutPiece &piece) { return piece.isComment; });
-    return !hasComments && record.inside.size() <= mostFieldsOnOneLine
-           && !textOf(record).contains(QLatin1Char('\n'));
+    const QString text = textOf(record);
+    return !hasComments && record.inside.size() <= mostFieldsOnOneLine && !text.contains(QLatin1Char('\n'))
+           && !text.contains(QLatin1Char('\r'));
 }
 
 } // namespace

@@ -10,6 +10,13 @@ namespace {
 
 using Catalogs::CatalogFormat;
 
+// Old files have CR alone.
+int lineBreaksIn(const QStringRef &space)
+{
+    const int count = space.count(QLatin1Char('\n'));
+    return count > 0 ? count : space.count(QLatin1Char('\r'));
+}
+
 class Taker
 {
 public:
@@ -74,7 +81,7 @@ void Taker::takeText()
 {
     if (m_reader.isWhitespace() && !m_reader.isCDATA()) {
         if (m_depth <= 2)
-            m_lineBreaks = m_text.midRef(m_start, place() - m_start).count(QLatin1Char('\n'));
+            m_lineBreaks = lineBreaksIn(m_text.midRef(m_start, place() - m_start));
     } else if (m_depth == 1) {
         stop("there is text between the records");
     } else if (m_depth == 2) {

@@ -4,6 +4,7 @@
 #include "tools/page/PageLists.h"
 #include "tools/page/PageProfiles.h"
 #include "tools/page/PageTree.h"
+#include "tools/page/PrintHeads.h"
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -82,14 +83,19 @@ void CatalogPage::writeLanguage()
     m_out << m_overview.language();
 }
 
+QByteArray CatalogPage::style() const
+{
+    return resource("page.css") + printHeads(m_source, m_overview.edition());
+}
+
 void CatalogPage::writeStyle()
 {
-    m_out.addMarkup(resource("page.css"));
+    m_out.addMarkup(style());
 }
 
 void CatalogPage::writeStyleHash()
 {
-    m_out.addMarkup(hashOf(resource("page.css")));
+    m_out.addMarkup(hashOf(style()));
 }
 
 void CatalogPage::writeScript()

@@ -33,6 +33,7 @@ private:
     void writePart(const QByteArray &name);
     void writeTitle();
     void writeLanguage();
+    QByteArray style() const;
     void writeStyle();
     void writeStyleHash();
     void writeScript();

@@ -1,5 +1,7 @@
 #include "tools/page/PageForms.h"
 
+#include "tools/page/PrintHeads.h"
+
 #include <QRegularExpression>
 
 namespace Orvida::Tools {
@@ -52,12 +54,12 @@ QString valuesInWords(const QList<Shared::ListItem> &entries)
 
 void PageForms::write(HtmlWriter &out)
 {
-    const char *start = "<section class=\"class\"><noscript>\n";
+    int section = 0;
     for (int i = 0; i < m_source.items.size(); ++i) {
         Item &item = *m_source.items.at(i);
-        const bool isTopLevel = item.parentId().isEmpty() && i < m_source.itemsInTree;
-        if (i == 0 || isTopLevel || i == m_source.itemsInTree)
-            out << (i == 0 ? "" : "</noscript></section>\n") << start;
+        if (beginsSection(m_source, i))
+            out << (i == 0 ? "" : "</noscript></section>\n") << "<section class=\"class s" << ++section
+                << "\"><noscript>\n";
         writeForm(item, out);
     }
     if (!m_source.items.isEmpty())

@@ -45,11 +45,15 @@ PageOverview::PageOverview(const PageSource &source) : m_source(source)
 
 QString PageOverview::title() const
 {
+    const QString ownName = edition();
+    return ownName.isEmpty() ? m_source.file.shortName() : ownName;
+}
+
+QString PageOverview::edition() const
+{
     const QString key = valueOf(QLatin1String("CAT_PK"));
     const QString version = valueOf(QLatin1String("CAT_Version"));
-    if (key.isEmpty())
-        return m_source.file.shortName();
-    return version.isEmpty() ? key : key + QLatin1Char(' ') + version;
+    return key.isEmpty() || version.isEmpty() ? key : key + QLatin1Char(' ') + version;
 }
 
 QString PageOverview::language() const

@@ -16,8 +16,10 @@ class PageOverview
 public:
     explicit PageOverview(const PageSource &source);
 
-    /// Key and version; the name of the file when there is no key.
+    /// The edition, or the name of the file when there is no key.
     QString title() const;
+    /// Key and version; empty when there is no key.
+    QString edition() const;
     /// The language of the texts when it can be told to a browser; else empty.
     QString language() const;
 

@@ -2,6 +2,8 @@
 
 #include <QTextCodec>
 
+#include <algorithm>
+
 namespace Orvida::Tools {
 
 namespace {
@@ -9,20 +11,22 @@ namespace {
 const QLatin1Char quote('"');
 const QLatin1Char apostrophe('\'');
 
-// Spreadsheets take it for the start of a formula, or, the apostrophe, for a mark that there is none.
-bool isGuarded(QChar c)
+// Whether a spreadsheet would take the cell for a formula without the apostrophes before it. Other cells with
+// an apostrophe, such as names and quotations, stay as they are.
+bool isFormula(const QString &cell)
 {
-    return QStringLiteral("=+-@\t\r'").contains(c);
+    const auto start = std::find_if(cell.cbegin(), cell.cend(), [](QChar c) { return c != apostrophe; });
+    return start != cell.cend() && QStringLiteral("=+-@\t\r").contains(*start);
 }
 
 QString guarded(const QString &cell)
 {
-    return !cell.isEmpty() && isGuarded(cell.at(0)) ? apostrophe + cell : cell;
+    return isFormula(cell) ? apostrophe + cell : cell;
 }
 
 QString unguarded(const QString &cell)
 {
-    return cell.size() > 1 && cell.at(0) == apostrophe && isGuarded(cell.at(1)) ? cell.mid(1) : cell;
+    return cell.startsWith(apostrophe) && isFormula(cell) ? cell.mid(1) : cell;
 }
 
 QString cellText(const QString &text, QChar separator)
@@ -42,7 +46,7 @@ QChar separatorOf(const QString &text)
     for (const QChar c : text) {
         if (c == QLatin1Char(',') || c == QLatin1Char(';') || c == QLatin1Char('\t'))
             return c;
-        if (c == QLatin1Char('\n'))
+        if (c == QLatin1Char('\n') || c == QLatin1Char('\r'))
             break;
     }
     return QLatin1Char(',');
@@ -67,17 +71,24 @@ public:
 private:
     void take(QChar c)
     {
-        m_line += c == QLatin1Char('\n');
+        m_line += isLineEnd(c);
         if (m_openLine > 0)
             takeQuoted(c);
         else if (c == quote && m_cell.isEmpty())
             m_openLine = m_line;
         else if (c == m_separator)
             endCell();
-        else if (c == QLatin1Char('\n'))
+        else if (isLineEnd(c))
             endRow();
         else if (c != QLatin1Char('\r'))
             m_cell += c;
+    }
+
+    // Of CR LF, the second; a CR alone, as old spreadsheets write it, too.
+    bool isLineEnd(QChar c) const
+    {
+        const bool isPair = m_place < m_text.size() && m_text.at(m_place) == QLatin1Char('\n');
+        return c == QLatin1Char('\n') || (c == QLatin1Char('\r') && !isPair);
     }
 
     void takeQuoted(QChar c)

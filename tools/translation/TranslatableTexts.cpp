@@ -62,7 +62,7 @@ uint qHash(const TextName &name, uint seed)
 }
 
 TranslatableTexts::TranslatableTexts(const QByteArray &document, std::optional<TextForm> form, Choice choice)
-    : m_rewriter(document)
+    : m_rewriter(document), m_form(form)
 {
     const FieldTexts found = findFieldTexts(document, m_rewriter.text(), WantedTexts::All);
     m_failure = failureOf(found, m_rewriter);
@@ -118,12 +118,22 @@ void TranslatableTexts::addRecord(const QVector<Field> &fields, Choice choice)
         const CatalogFormat::Field &format = *field.place.field;
         if (!isChosen(format, choice))
             continue;
-        TextName name{CatalogFormat::recordOf(format)->name, key.join(QLatin1Char('/')), format.name};
-        const int number = ++m_repeats[name];
-        if (number > 1)
-            name.key += QStringLiteral("#%1").arg(number);
-        m_texts.append({name, code, field.text, field.place, field.isScrambled, isAmong(format, captions)});
+        const TextName name{CatalogFormat::recordOf(format)->name, key.join(QLatin1Char('/')), format.name};
+        m_texts.append(
+            {takeName(name), code, field.text, field.place, field.isScrambled, isAmong(format, captions)});
     }
+}
+
+// The name itself, or with a number when other records have it.
+TextName TranslatableTexts::takeName(const TextName &wanted)
+{
+    TextName name = wanted;
+    int number = m_repeats.value(wanted);
+    while (m_repeats.contains(name))
+        name.key = wanted.key + QLatin1Char('#') + QString::number(++number + 1);
+    m_repeats.insert(wanted, number);
+    m_repeats.insert(name, m_repeats.value(name));
+    return name;
 }
 
 // What keeps the text from being replaced without a loss; empty when nothing does.
@@ -131,6 +141,8 @@ QString TranslatableTexts::obstacleOf(const TranslatableText &text, const QStrin
 {
     if (text.place.obstacle != FieldText::None)
         return wordsOf(text.place.obstacle);
+    if (m_form == TextForm::Scrambled && text.place.field->isScrambled() && !text.isScrambled)
+        return QStringLiteral("it is no scrambled text, and the catalog is scrambled");
     if (!canBeInXml(translation))
         return QStringLiteral("its translation has characters that XML cannot hold");
     if (!text.isScrambled && text.place.isCData && !fitsIntoCData(translation, m_rewriter))

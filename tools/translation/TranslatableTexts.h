@@ -75,12 +75,14 @@ private:
     };
 
     void addRecord(const QVector<Field> &fields, Choice choice);
+    TextName takeName(const TextName &wanted);
     QString obstacleOf(const TranslatableText &text, const QString &translation) const;
 
     TextRewriter m_rewriter;
+    const std::optional<TextForm> m_form;
     std::optional<FileFailure> m_failure;
     QVector<TranslatableText> m_texts;
-    QHash<TextName, int> m_repeats; // of each name, how often it was met
+    QHash<TextName, int> m_repeats; // of each name that is taken, how often it was met again
 };
 
 } // namespace Orvida::Tools
