@@ -91,7 +91,12 @@ void CatalogFetcher::Private::answerRequests(CatalogFetcher *fetcher)
     }
 }
 
-CatalogFetcher::CatalogFetcher(QObject *parent) : QObject(parent), m_private(std::make_unique<Private>()) {}
+CatalogFetcher::CatalogFetcher(QObject *parent) : QObject(parent), m_private(std::make_unique<Private>())
+{
+    // Makes the manager on this thread, not on the inner one, and before this fetcher: at the end of the
+    // process it then goes after a static fetcher, which may be loading.
+    CatalogManager::instance();
+}
 
 CatalogFetcher::~CatalogFetcher()
 {
@@ -146,6 +151,8 @@ int CatalogFetcher::pendingCount() const
 void CatalogFetcher::customEvent(QEvent *)
 {
     std::unique_lock<std::mutex> lock(m_private->mutex);
+    if (m_private->answers.empty())
+        return; // an event of somebody else
     const Answer answer = std::move(m_private->answers.front());
     m_private->answers.pop_front();
     lock.unlock();

@@ -31,7 +31,8 @@ class ORVIDA_MODELS_EXPORT CatalogFetcher : public QObject
 
 public:
     explicit CatalogFetcher(QObject *parent = nullptr);
-    /// Drops all requests, and waits for the load that is running, because the process may end next.
+    /// Drops all requests, and waits for the load that is running, because the process may end next. Not to
+    /// be called where that load cannot go on: inside a signal of the manager, whose lock the load needs.
     ~CatalogFetcher() override;
 
     /// Requests the catalog `catalogId`, any text, and gives the number of the request, from 1. Each request

@@ -169,7 +169,10 @@ void CatalogSearchModel::setSourceModel(QAbstractItemModel *model)
             m_private->forgetTexts();
             setSearchText(m_private->searchText);
         });
-        connect(m_private->tree, &QObject::destroyed, this, [this] { m_private->tree = nullptr; });
+        connect(m_private->tree, &QObject::destroyed, this, [this] {
+            m_private->tree = nullptr;
+            m_private->search();
+        });
     }
     m_private->search();
     QSortFilterProxyModel::setSourceModel(model);

@@ -24,6 +24,8 @@ struct Node
 };
 
 constexpr int rootNode = 0;
+// Far more than any inspection standard has. Qt's proxy models and views take stack for each level.
+constexpr int maximumLevels = 1000;
 
 } // namespace
 
@@ -53,8 +55,11 @@ void CatalogTreeModel::Private::build()
     nodes.reserve(static_cast<std::size_t>(catalog->getCatalogItems().size()));
     nodes.front().item = root;
     places.insert(root.data(), rootNode);
-    for (int place = rootNode; place < static_cast<int>(nodes.size()); ++place)
-        addChildren(place);
+    int place = rootNode;
+    for (int level = 0; level < maximumLevels; ++level) {
+        for (const int end = static_cast<int>(nodes.size()); place < end; ++place)
+            addChildren(place);
+    }
 }
 
 void CatalogTreeModel::Private::addChildren(int place)

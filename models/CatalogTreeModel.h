@@ -16,7 +16,8 @@ using Catalogs::CatalogSptr;
 ///
 /// `setCatalog` looks at the whole tree once; everything after that takes constant time, a parent and a row
 /// included. Later changes of the catalog's tree show with the next `setCatalog`. An item shows once, at the
-/// place nearest to the root, even when loops or repeated children would show it again.
+/// place nearest to the root, even when loops or repeated children would show it again. What is more than
+/// 1,000 levels below the root does not show, because views take stack for each level.
 ///
 /// The model shares the catalog and never blocks. It is used on the thread in which it lives, and nobody else
 /// uses the catalog meanwhile. The profile belongs to the catalog: `setProfile` changes it for every holder,

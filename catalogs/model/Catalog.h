@@ -90,11 +90,11 @@ public:
     void buildRelations();
 
     /// \name Additions
-    /// None of them changes the catalog's tables: look-ups insert nothing, so several threads may use them at
-    /// once as long as none uses anything else of the catalog.
+    /// None of them changes the catalog's tables. Several threads may use those that are const at once, as
+    /// long as none uses anything else of the catalog.
     /// \{
 
-    /// Why the catalog was not loaded; its reason is `None` unless the status is `LoadFailed`.
+    /// Why the loader could not load the catalog; the reason is `None` when it could, and until it has tried.
     /// `CatalogReadFailure::text` says it in words.
     const CatalogReadFailure &failure() const { return m_failure; }
     /// Any value is stored as it is; the status does not change.
@@ -109,7 +109,8 @@ public:
 
     /// The item `id`; null for an unknown id. The empty id gives the root of a loaded catalog.
     QSharedPointer<CatalogItem> findItemById(const QString &id) const { return m_items.value(id); }
-    /// The item that answers for `code`, as `getItem` gives it; null for an unknown code.
+    /// The item that answers for `code`, as `getItem` gives it; null for an unknown code, and for any code
+    /// until the catalog has linked its items.
     QSharedPointer<CatalogItem> findItem(const QString &code) const { return m_itemsByCode.value(code); }
     /// Every code for which an item answers, sorted by code unit; the empty code is left out. Made anew by
     /// each call.

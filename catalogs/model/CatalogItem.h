@@ -101,10 +101,6 @@ public:
     /// order. A null child is listed too and counts as sort order 0.
     void addChildItem(const QSharedPointer<CatalogItem> &child);
 
-    /// Removes `child` from the children, every time it is listed; does nothing for any other item. The order
-    /// of the others stays. Cuts a loop that was made with `addChildItem`.
-    void removeChildItem(const QSharedPointer<CatalogItem> &child);
-
     /// The children by ascending sort order; empty when there are none.
     ///
     /// The first call orders them, for good. Children of equal sort order come in the order in which the
@@ -123,6 +119,10 @@ public:
     /// The list itself, not a copy: it belongs to the item and stays valid until the item is destroyed or a
     /// field is added. What is written into the list of an item without catalog is lost.
     QList<CatalogInputField> &getFields();
+
+    /// An addition: removes `child` from the children, every time it is listed; does nothing for any other
+    /// item. The order of the others stays. Cuts a loop that was made with `addChildItem`.
+    void removeChildItem(const QSharedPointer<CatalogItem> &child);
 
 private:
     // The children of a destroyed item, waiting for the outermost destructor to release them.

@@ -14,8 +14,10 @@ CodeForm::CodeForm(QWidget *parent) : QWidget(parent), m_observation(new QLabel)
     layout->addWidget(m_open);
     layout->addStretch(1);
     m_observation->setObjectName("observation");
-    for (QLabel *label : {m_observation, m_open})
+    for (QLabel *label : {m_observation, m_open}) {
+        label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
+    }
 }
 
 void CodeForm::setItem(const CatalogSptr &catalog, const QSharedPointer<CatalogItem> &item)
@@ -99,8 +101,7 @@ QStringList CodeForm::openFields() const
 
 void CodeForm::showTexts()
 {
-    m_observation->setText(observationText().toHtmlEscaped());
+    m_observation->setText(observationText());
     const QStringList open = openFields();
-    m_open->setText(open.isEmpty() ? QString()
-                                   : tr("To be filled in: %1").arg(open.join(", ").toHtmlEscaped()));
+    m_open->setText(open.isEmpty() ? QString() : tr("To be filled in: %1").arg(open.join(", ")));
 }

@@ -7,6 +7,7 @@
 #include <QIntValidator>
 #include <QLineEdit>
 
+#include <cmath>
 #include <limits>
 
 using Orvida::Catalogs::CatalogInputField;
@@ -74,7 +75,7 @@ double limitOf(const QString &text, double otherwise)
 {
     bool isNumber = false;
     const double limit = QLocale::c().toDouble(text, &isNumber);
-    return isNumber ? limit : otherwise;
+    return isNumber && std::isfinite(limit) ? limit : otherwise;
 }
 
 QValidator *validatorOf(const CatalogInputField &field, QWidget *parent)
@@ -83,7 +84,8 @@ QValidator *validatorOf(const CatalogInputField &field, QWidget *parent)
     const double minimum = limitOf(field.minimumValue(), -highest);
     const double maximum = limitOf(field.maximumValue(), highest);
     if (field.dataType() == InputField::Integer)
-        return new QIntValidator(int(minimum), int(maximum), parent);
+        return new QIntValidator(int(qBound(-highest, minimum, highest)),
+                                 int(qBound(-highest, maximum, highest)), parent);
     if (field.dataType() != InputField::Decimal)
         return nullptr;
     auto *validator = new QDoubleValidator(minimum, maximum, field.precission(), parent);

@@ -109,6 +109,7 @@ private Q_SLOTS:
     void showsFormsAsTheFieldsSay_data();
     void showsFormsAsTheFieldsSay();
     void fillsTheObservationText();
+    void showsOddTextsAndLimits();
     void listsFindings();
     void saysWhyAFileDoesNotLoad();
 
@@ -226,6 +227,28 @@ void ViewerCheck::fillsTheObservationText()
                     .toImage()
                     .convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither)
                     .save(screenshot, "PNG", 0)); // a small file
+}
+
+// Texts that look like markup, and limits that no number of the validator holds.
+void ViewerCheck::showsOddTextsAndLimits()
+{
+    CatalogInputField field;
+    field.setDataType(InputField::Integer);
+    field.setMinimumValue("-1e300");
+    field.setMaximumValue("99999999999");
+    field.setDefaultValue("5");
+    field.setIsVisible(true);
+    const auto catalog = CatalogSptr::create("odd");
+    const auto item = QSharedPointer<CatalogItem>::create();
+    item->setObservationText("l'eau & \"la boue\" < <b>5</b>");
+    item->setCatalog(catalog.data());
+    item->addField(QString(), field);
+    CodeForm form;
+    form.setItem(catalog, item);
+    QCOMPARE(form.openFields(), QStringList());
+    const auto *label = form.findChild<QLabel *>("observation");
+    QCOMPARE(label->text(), item->observationText());
+    QCOMPARE(label->textFormat(), Qt::PlainText);
 }
 
 void ViewerCheck::listsFindings()

@@ -4,6 +4,7 @@
 #include "models/CatalogFetcher.h"
 
 #include "catalogs/access/CatalogConfigData.h"
+#include "catalogs/access/CatalogManager.h"
 #include "support/TestSupport.h"
 
 #include <QThread>
@@ -77,6 +78,7 @@ class CatalogFetcherTest : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
+    void takesTheManagerBeforeItsThreadDoes();
     void deliversInOrderOnTheThreadOfItsOwner();
     void keepsNobodyWaiting();
     void tellsWhyACatalogFailed();
@@ -127,12 +129,22 @@ void CatalogFetcherTest::cleanup()
     m_files.reset();
 }
 
+// The first test, so that nobody else has taken it.
+void CatalogFetcherTest::takesTheManagerBeforeItsThreadDoes()
+{
+    m_fetcher->fetch(addCatalog(text("first")));
+    QTRY_COMPARE(m_told, QStringList(text("1 first")));
+    QCOMPARE(CatalogManager::instance()->thread(), thread());
+}
+
 void CatalogFetcherTest::deliversInOrderOnTheThreadOfItsOwner()
 {
     for (const char *id : {"order b", "order a", "order b", "order c"})
         m_fetcher->fetch(addCatalog(text(id)));
     QCOMPARE(m_told, QStringList());
     QCOMPARE(m_fetcher->pendingCount(), 4);
+    QEvent foreign(QEvent::User);
+    QCoreApplication::sendEvent(m_fetcher.get(), &foreign);
     QTRY_COMPARE(m_told.join(QLatin1Char('|')), text("1 order b|2 order a|3 order b|4 order c"));
     QCOMPARE(m_fetcher->pendingCount(), 0);
 }

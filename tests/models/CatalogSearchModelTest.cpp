@@ -64,6 +64,7 @@ private Q_SLOTS:
     void keepsWhatIsSelectedWhileItShows();
     void isSoundOverEveryCatalog();
     void isFluentWithManySiblings();
+    void staysOnTheStackWithManyLevels();
 };
 
 void CatalogSearchModelTest::findsInEveryText_data()
@@ -110,6 +111,14 @@ void CatalogSearchModelTest::searchesAnewUnderAnotherProfileAndInAnotherCatalog(
     QCOMPARE(shown(model), text("77* 177* "));
     model.setSourceModel(nullptr);
     QCOMPARE(model.matchCount(), 0);
+    {
+        CatalogTreeModel passing;
+        passing.setCatalog(smallCatalog());
+        model.setSourceModel(&passing);
+        model.setSearchText(text("joints"));
+        QCOMPARE(model.matchCount(), 1);
+    }
+    QCOMPARE(model.matchCount(), 0);
 }
 
 void CatalogSearchModelTest::keepsWhatIsSelectedWhileItShows()
@@ -151,6 +160,21 @@ void CatalogSearchModelTest::isFluentWithManySiblings()
     QCOMPARE(model.rowCount(), 100000 - 9 * 9 * 9 * 9 * 9);
     model.setSearchText(QString());
     QCOMPARE(model.rowCount(), 100000);
+}
+
+// The proxy model maps what is selected again after each search, which takes stack for each level.
+void CatalogSearchModelTest::staysOnTheStackWithManyLevels()
+{
+    CatalogTreeModel tree;
+    tree.setCatalog(catalogWithLevels(100000));
+    QVERIFY(!tree.indexOfCode(text("1000")).isValid());
+    QVERIFY(!tree.indexOfCode(text("99999")).isValid());
+    CatalogSearchModel model;
+    model.setSourceModel(&tree);
+    const QPersistentModelIndex deepest = model.mapFromSource(tree.indexOfCode(text("999")));
+    model.setSearchText(text("998"));
+    QCOMPARE(deepest.data().toString(), text("999"));
+    QCOMPARE(model.matchCount(), 1);
 }
 
 QTEST_GUILESS_MAIN(CatalogSearchModelTest)

@@ -62,6 +62,16 @@ QVector<NamedCatalog> modelCatalogs()
     return catalogs;
 }
 
+CatalogSptr catalogWithLevels(int count)
+{
+    auto catalog = CatalogSptr::create(text("levels"));
+    addItem(*catalog, QString(), QString());
+    for (int number = 0; number < count; ++number)
+        addItem(*catalog, QString::number(number), number > 0 ? QString::number(number - 1) : QString());
+    catalog->setStatus(Catalog::Loaded);
+    return catalog;
+}
+
 CatalogSptr catalogWithSiblings(int count)
 {
     auto catalog = CatalogSptr::create(text("siblings"));

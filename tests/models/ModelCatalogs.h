@@ -19,6 +19,9 @@ struct NamedCatalog
 /// anew.
 QVector<NamedCatalog> modelCatalogs();
 
+/// A catalog in which "0" is below the root, "1" below "0" and so on, with these codes and captions.
+Catalogs::CatalogSptr catalogWithLevels(int count);
+
 /// A catalog whose root has `count` children "0", "1" and so on, with these codes and captions.
 Catalogs::CatalogSptr catalogWithSiblings(int count);
 
