@@ -99,7 +99,7 @@ constexpr std::array<ChangeRow, std::size_t(Change::Count)> rows = {{
      "was renamed counts as the same."},
     {Change::FollowersChanged, "followers-changed", review,
      "other codes follow a code",
-     "CE_Follower differs."},
+     "CE_Follower names other codes. A follower that was renamed counts as the same."},
     {Change::CodeKeyChanged, "code-key-changed", review,
      "an item has another key",
      "The code is the same; or, of an item without code, the caption. Only hosts that store keys of items are touched."},
