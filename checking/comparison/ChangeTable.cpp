@@ -261,7 +261,7 @@ constexpr std::array<ChangeRow, std::size_t(Change::Count)> rows = {{
      "COL_Export_ID differs: who reads exchange files by the old name finds nothing. An addition when there was none."},
     {Change::ExportIdRemoved, "export-id-removed", breaking,
      "a column has no name in exchange files any more",
-     "COL_Export_ID is gone."},
+     "COL_Export_ID is gone, or the column with it, and no other column of the profile has it."},
     {Change::ColumnNoLongerExported, "column-no-longer-exported", review,
      "a column is not written to exchange files any more",
      "COL_Transport is not true any more in these profiles."},
