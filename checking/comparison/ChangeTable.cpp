@@ -227,8 +227,8 @@ constexpr std::array<ChangeRow, std::size_t(Change::Count)> rows = {{
      "The old value is gone, and an entry with a new one has the same caption or item text. The pair goes into the map."},
     {Change::ValueReused, "value-reused", breaking,
      "a value of a list means something else now",
-     "Caption and item text of the entry both differ by more than 60 percent. Recorded values would be read as something "
-     "else."},
+     "Caption and item text of the entry both differ by more than 60 percent; or one does, and there is no other. Recorded "
+     "values would be read as something else."},
     {Change::ValueAdded, "value-added", addition,
      "a list has a new value",
      "No entry had the value."},

@@ -17,7 +17,7 @@ class TouchedCodes
 public:
     TouchedCodes(const EditionPair &pair, const UsedLists &lists) : m_pair(pair), m_lists(lists) {}
 
-    /// Completes a change to a list that fields use.
+    /// Completes a change to a list that fields use. All changes must live as long as this.
     void describe(ChangeDraft &draft);
 
 private:
@@ -32,6 +32,8 @@ private:
     const EditionPair &m_pair;
     const UsedLists &m_lists;
     std::map<std::pair<int, ProfilePairs::Set>, Codes> m_known;
+    /// The same by the data of the sets.
+    std::map<std::pair<int, const int *>, const Codes *> m_knownBySet;
 };
 
 } // namespace Orvida::Checking
