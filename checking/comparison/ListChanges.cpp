@@ -278,39 +278,59 @@ void findListChanges(EditionPair &pair, const UsedLists &lists)
     }
 }
 
-// Most changes share the data of their sets, which spares comparing them.
+namespace {
+
+bool overlap(const ProfilePairs::Set &a, const ProfilePairs::Set &b)
+{
+    const ProfilePairs::Set &fewer = a.size() < b.size() ? a : b;
+    const ProfilePairs::Set &more = a.size() < b.size() ? b : a;
+    return std::any_of(fewer.begin(), fewer.end(), [&more](int profile) {
+        return std::binary_search(more.begin(), more.end(), profile);
+    });
+}
+
+} // namespace
+
+// Most changes share the data of their sets, which spares looking for the uses that they touch.
 void TouchedCodes::describe(ChangeDraft &draft)
 {
     const Codes *&codes = m_knownBySet[{draft.usedList, draft.profiles.constData()}];
-    if (!codes) {
-        const auto place = std::make_pair(draft.usedList, draft.profiles);
-        auto known = m_known.find(place);
-        if (known == m_known.end())
-            known =
-                m_known.emplace(place, codesOf(m_lists.lists()[std::size_t(draft.usedList)], draft.profiles))
-                    .first;
-        codes = &known->second;
-    }
+    if (!codes)
+        codes = &codesOf(draft.usedList, draft.profiles);
     draft.told.codes = codes->names;
     draft.told.codeCount = codes->count;
 }
 
+const TouchedCodes::Codes &TouchedCodes::codesOf(int list, const ProfilePairs::Set &profiles)
+{
+    std::vector<const Items *> touched;
+    for (const auto &[usedIn, items] : usesOf(list)) {
+        if (overlap(*usedIn, profiles))
+            touched.push_back(&items);
+    }
+    const auto [known, isNew] = m_known.insert({touched, Codes()});
+    if (isNew)
+        known->second = codesOf(touched);
+    return known->second;
+}
+
+const TouchedCodes::Uses &TouchedCodes::usesOf(int list)
+{
+    const auto [known, isNew] = m_uses.insert({list, Uses()});
+    if (isNew) {
+        for (const UsedLists::Use &use : m_lists.lists()[std::size_t(list)].uses)
+            known->second[use.profiles].push_back(use.newItem);
+    }
+    return known->second;
+}
+
 // By the tree.
-TouchedCodes::Codes TouchedCodes::codesOf(const UsedLists::List &list,
-                                          const ProfilePairs::Set &profiles) const
+TouchedCodes::Codes TouchedCodes::codesOf(const std::vector<const Items *> &touched) const
 {
     constexpr int mostNamed = 20;
-    std::map<const ProfilePairs::Set *, bool> isTouched;
-    std::vector<int> items;
-    for (const UsedLists::Use &use : list.uses) {
-        const auto [known, isNew] = isTouched.insert({use.profiles, false});
-        if (isNew)
-            known->second = std::any_of(use.profiles->begin(), use.profiles->end(), [&](int profile) {
-                return std::binary_search(profiles.begin(), profiles.end(), profile);
-            });
-        if (known->second)
-            items.push_back(use.newItem);
-    }
+    Items items;
+    for (const Items *some : touched)
+        items.insert(items.end(), some->begin(), some->end());
     std::sort(items.begin(), items.end(),
               [this](int a, int b) { return m_pair.placeOfNew(a).position < m_pair.placeOfNew(b).position; });
     items.erase(std::unique(items.begin(), items.end()), items.end());
