@@ -49,20 +49,19 @@ QString number(qint64 value)
 
 } // namespace
 
-QByteArray changeTable(const Checking::CatalogComparison &comparison, bool listsAll)
+// Row by row: a million of them need not be held at once.
+void printChangeTable(CommandOutput &output, const Checking::CatalogComparison &comparison, bool listsAll)
 {
-    QByteArray table =
-        "class,id,subject,profiles,message,old,new,oldLine,oldColumn,newLine,newColumn,codes\n";
+    output.write("class,id,subject,profiles,message,old,new,oldLine,oldColumn,newLine,newColumn,codes\n");
     for (const CatalogChange &change : comparison.changes()) {
         if (change.changeClass == CatalogChangeClass::Hidden && !listsAll)
             continue;
-        table += row({className(change.changeClass), change.id, guarded(change.subject),
-                      guarded(change.profiles.join(QLatin1Char(' '))), guarded(change.message),
-                      guarded(change.oldText), guarded(change.newText), number(change.oldPlace.line),
-                      number(change.oldPlace.column), number(change.newPlace.line),
-                      number(change.newPlace.column), number(change.codeCount)});
+        output.write(row({className(change.changeClass), change.id, guarded(change.subject),
+                          guarded(change.profiles.join(QLatin1Char(' '))), guarded(change.message),
+                          guarded(change.oldText), guarded(change.newText), number(change.oldPlace.line),
+                          number(change.oldPlace.column), number(change.newPlace.line),
+                          number(change.newPlace.column), number(change.codeCount)}));
     }
-    return table;
 }
 
 QByteArray renameTable(const QVector<CatalogRename> &renames, bool listsWeak)

@@ -2,14 +2,15 @@
 #pragma once
 
 #include "checking/CatalogComparison.h"
+#include "tools/CommandOutput.h"
 
 #include <QByteArray>
 
 namespace Orvida::Tools {
 
-/// All changes, a row each, for spreadsheets: cells that these would take for formulas begin with an
+/// Prints all changes, a row each, for spreadsheets: cells that these would take for formulas begin with an
 /// apostrophe. Hidden changes only with `listsAll`.
-QByteArray changeTable(const Checking::CatalogComparison &comparison, bool listsAll);
+void printChangeTable(CommandOutput &output, const Checking::CatalogComparison &comparison, bool listsAll);
 
 /// What was renamed, a row each, as it stands in the catalogs: programs read it. Weak pairs only with
 /// `listsWeak`.

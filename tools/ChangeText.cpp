@@ -99,7 +99,8 @@ QString ChangeText::summary() const
     const QString &oldVersion = m_comparison.version(CatalogComparison::Old);
     const QString &newVersion = m_comparison.version(CatalogComparison::New);
     const auto named = [](const QString &key, const QString &version) {
-        return (key + QLatin1Char(' ') + version).trimmed();
+        const QString name = (key + QLatin1Char(' ') + version).trimmed();
+        return name.isEmpty() ? QStringLiteral("catalog") : name;
     };
     QString editions = oldKey == newKey
                            ? named(oldKey, oldVersion)
@@ -107,8 +108,7 @@ QString ChangeText::summary() const
     if (oldKey == newKey && oldVersion != newVersion)
         editions +=
             QStringLiteral(" → ") + (newVersion.isEmpty() ? QStringLiteral("no version") : newVersion);
-    return (editions.isEmpty() ? QStringLiteral("catalog") : editions) + QStringLiteral(": ")
-           + counts.join(QStringLiteral(", "));
+    return editions + QStringLiteral(": ") + counts.join(QStringLiteral(", "));
 }
 
 void ChangeText::printErrors()

@@ -1,5 +1,6 @@
 #include "checking/comparison/ChangeReport_p.h"
 
+#include <QHash>
 #include <QLatin1String>
 
 #include <algorithm>
@@ -21,7 +22,7 @@ auto substanceOf(const ChangeDraft &draft)
 
 int firstProfileOf(const ChangeDraft &draft)
 {
-    return draft.profiles.empty() ? -1 : draft.profiles.front();
+    return draft.profiles.isEmpty() ? -1 : draft.profiles.first();
 }
 
 bool isEarlier(const ChangeDraft &a, const ChangeDraft &b)
@@ -67,11 +68,17 @@ bool ChangeReport::hasVisible() const
 QVector<CatalogChange> ChangeReport::ordered(const ProfilePairs &profiles)
 {
     std::stable_sort(m_drafts.begin(), m_drafts.end(), isEarlier);
+    // By the data that sets share.
+    QHash<const int *, QStringList> names;
     QVector<CatalogChange> changes;
     changes.reserve(int(m_drafts.size()));
     for (ChangeDraft &draft : m_drafts) {
-        for (const int profile : draft.profiles)
-            draft.told.profiles.append(profiles.nameOf(profile));
+        QStringList &known = names[draft.profiles.constData()];
+        if (known.isEmpty()) {
+            for (const int profile : qAsConst(draft.profiles))
+                known.append(profiles.nameOf(profile));
+        }
+        draft.told.profiles = known;
         changes.append(std::move(draft.told));
     }
     m_drafts.clear();
@@ -91,8 +98,9 @@ void ChangeReport::join()
                             && draft->profiles != last->profiles && substanceOf(*last) == substanceOf(*draft);
         if (isSame) {
             ProfilePairs::Set joined;
-            std::set_union(last->profiles.begin(), last->profiles.end(), draft->profiles.begin(),
-                           draft->profiles.end(), std::back_inserter(joined));
+            std::set_union(last->profiles.constBegin(), last->profiles.constEnd(),
+                           draft->profiles.constBegin(), draft->profiles.constEnd(),
+                           std::back_inserter(joined));
             last->profiles = std::move(joined);
         } else if (draft != m_drafts.begin() && ++last != draft) {
             *last = std::move(*draft);

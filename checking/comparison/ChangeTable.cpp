@@ -99,7 +99,7 @@ constexpr std::array<ChangeRow, std::size_t(Change::Count)> rows = {{
      "was renamed counts as the same."},
     {Change::FollowersChanged, "followers-changed", review,
      "other codes follow a code",
-     "CE_Follower differs."},
+     "CE_Follower names other codes. A follower that was renamed counts as the same."},
     {Change::CodeKeyChanged, "code-key-changed", review,
      "an item has another key",
      "The code is the same; or, of an item without code, the caption. Only hosts that store keys of items are touched."},
@@ -227,8 +227,8 @@ constexpr std::array<ChangeRow, std::size_t(Change::Count)> rows = {{
      "The old value is gone, and an entry with a new one has the same caption or item text. The pair goes into the map."},
     {Change::ValueReused, "value-reused", breaking,
      "a value of a list means something else now",
-     "Caption and item text of the entry both differ by more than 60 percent. Recorded values would be read as something "
-     "else."},
+     "Caption and item text of the entry both differ by more than 60 percent; or one does, and there is no other. Recorded "
+     "values would be read as something else."},
     {Change::ValueAdded, "value-added", addition,
      "a list has a new value",
      "No entry had the value."},
@@ -261,7 +261,7 @@ constexpr std::array<ChangeRow, std::size_t(Change::Count)> rows = {{
      "COL_Export_ID differs: who reads exchange files by the old name finds nothing. An addition when there was none."},
     {Change::ExportIdRemoved, "export-id-removed", breaking,
      "a column has no name in exchange files any more",
-     "COL_Export_ID is gone."},
+     "COL_Export_ID is gone, or the column with it, and no other column of the profile has it."},
     {Change::ColumnNoLongerExported, "column-no-longer-exported", review,
      "a column is not written to exchange files any more",
      "COL_Transport is not true any more in these profiles."},

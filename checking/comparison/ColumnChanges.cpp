@@ -3,6 +3,8 @@
 #include "checking/findings/Wording_p.h"
 
 #include <map>
+#include <set>
+#include <utility>
 
 namespace Orvida::Checking {
 
@@ -68,27 +70,65 @@ void ColumnComparison::compareExportId()
     draft.told.message = QStringLiteral("export id ") + fromTo(draft.told.oldText, draft.told.newText);
 }
 
+// Records of columns by column and profile.
+using Columns = std::map<std::pair<Edition::Text, int>, int>;
+
+template <typename Visit>
+void forEachColumn(const Edition &edition, Visit visit)
+{
+    edition.links().columns().forEach([&](const Groups::Members &records) {
+        for (const int record : records)
+            visit(edition.common(Symbol(records.key())), record);
+    });
+}
+
+// Ids that have gone with their columns. A column that has another name now may have kept its own.
+void findLostExportIds(EditionPair &pair, const Columns &lost)
+{
+    std::set<std::pair<Edition::Text, int>> left;
+    forEachColumn(pair.newEdition, [&](Edition::Text, int record) {
+        left.insert({pair.newEdition.value(record, ColumnToken::COL_Export_ID),
+                     pair.profiles.withNewKey(pair.newEdition.value(record, ColumnToken::COL_Profile_FK))});
+    });
+    for (const auto &[place, record] : lost) {
+        const int profile = place.second;
+        const QString id = pair.oldEdition.string(record, ColumnToken::COL_Export_ID);
+        if (id.isEmpty() || !pair.isCompared(profile)
+            || left.count({pair.oldEdition.value(record, ColumnToken::COL_Export_ID), profile}) > 0)
+            continue;
+        ChangeDraft &draft = pair.report.add(Change::ExportIdRemoved);
+        draft.profiles = {profile};
+        draft.place.area = ReportPlace::Columns;
+        draft.told.column = pair.oldEdition.string(record, ColumnToken::COL_Column_ID);
+        draft.told.subject = QStringLiteral("column ") + shown(draft.told.column);
+        draft.told.oldText = id;
+        draft.told.oldPlace = pair.oldEdition.placeOf(record, int(ColumnToken::COL_Export_ID));
+        draft.told.message = QStringLiteral("export id %1: the column is gone").arg(fromTo(id, QString()));
+    }
+}
+
 } // namespace
 
 void findColumnChanges(EditionPair &pair)
 {
-    std::map<std::pair<Edition::Text, int>, int> oldRecords;
-    pair.oldEdition.links().columns().forEach([&](const Groups::Members &records) {
-        for (const int record : records) {
-            const int profile =
-                pair.profiles.withOldKey(pair.oldEdition.value(record, ColumnToken::COL_Profile_FK));
-            oldRecords[{pair.oldEdition.common(Symbol(records.key())), profile}] = record;
-        }
+    Columns olds;
+    forEachColumn(pair.oldEdition, [&](Edition::Text column, int record) {
+        const int profile =
+            pair.profiles.withOldKey(pair.oldEdition.value(record, ColumnToken::COL_Profile_FK));
+        olds[{column, profile}] = record;
     });
-    pair.newEdition.links().columns().forEach([&](const Groups::Members &records) {
-        for (const int record : records) {
-            const int profile =
-                pair.profiles.withNewKey(pair.newEdition.value(record, ColumnToken::COL_Profile_FK));
-            const auto known = oldRecords.find({pair.newEdition.common(Symbol(records.key())), profile});
-            if (known != oldRecords.end() && pair.isCompared(profile))
-                ColumnComparison(pair, profile, known->second, record).compare();
-        }
+    Columns lost = olds;
+    forEachColumn(pair.newEdition, [&](Edition::Text column, int record) {
+        const int profile =
+            pair.profiles.withNewKey(pair.newEdition.value(record, ColumnToken::COL_Profile_FK));
+        const auto known = olds.find({column, profile});
+        if (known == olds.end())
+            return;
+        lost.erase(known->first);
+        if (pair.isCompared(profile))
+            ColumnComparison(pair, profile, known->second, record).compare();
     });
+    findLostExportIds(pair, lost);
 }
 
 } // namespace Orvida::Checking

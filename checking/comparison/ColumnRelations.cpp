@@ -18,7 +18,7 @@ void ColumnRelations::addRenames(EditionPair &pair) const
     constexpr Symbol several = -1;
     std::map<std::pair<int, Symbol>, Symbol> newColumns;
     for (const auto &[columns, relation] : m_relations) {
-        for (const int profile : relation->both) {
+        for (const int profile : qAsConst(relation->both)) {
             const auto [known, isNew] = newColumns.insert({{profile, columns.first}, columns.second});
             if (!isNew)
                 known->second = several;

@@ -6,7 +6,9 @@
 #include "checking/rules/ListValues_p.h"
 
 #include <algorithm>
+#include <map>
 #include <tuple>
+#include <utility>
 
 namespace Orvida::Checking {
 
@@ -41,13 +43,13 @@ std::vector<ListEntry> defectCodes(const Edition &edition, int record)
     return codes;
 }
 
-// Compares the continuous-defect codes of one profile.
+// Compares continuous-defect codes in profiles in which they are the same.
 class DefectCodesComparison
 {
 public:
-    DefectCodesComparison(EditionPair &pair, int profile, int oldList, int newList)
+    DefectCodesComparison(EditionPair &pair, const ProfilePairs::Set &profiles, int oldList, int newList)
         : m_pair(pair),
-          m_profile(profile),
+          m_profiles(profiles),
           m_olds(defectCodes(pair.oldEdition, oldList)),
           m_news(defectCodes(pair.newEdition, newList))
     {
@@ -61,7 +63,7 @@ private:
     void tellRemoved(const ListEntry &before, const QString &newCode);
 
     EditionPair &m_pair;
-    const int m_profile;
+    const ProfilePairs::Set m_profiles;
     const std::vector<ListEntry> m_olds;
     const std::vector<ListEntry> m_news;
 };
@@ -89,7 +91,7 @@ ChangeDraft &DefectCodesComparison::add(Change change, const ListEntry *before, 
     const Edition &olds = m_pair.oldEdition;
     const Edition &news = m_pair.newEdition;
     ChangeDraft &draft = m_pair.report.add(change);
-    draft.profiles = {m_profile};
+    draft.profiles = m_profiles;
     draft.place.area = ReportPlace::DefectCodes;
     draft.place.value = after ? after->sortOrder : before->sortOrder;
     draft.told.value = after ? news.string(after->record, ListItemToken::LIST_Internal)
@@ -127,24 +129,39 @@ void DefectCodesComparison::tellRemoved(const ListEntry &before, const QString &
     if (newCode.isEmpty())
         return;
     draft.told.message += QStringLiteral("; %1 has its text now").arg(shown(newCode));
-    m_pair.addRename(CatalogRename::DefectCode, CatalogRename::Likely, draft.told.value, newCode, m_profile,
-                     QStringLiteral("LC_ID_CD"));
+    for (const int profile : m_profiles)
+        m_pair.addRename(CatalogRename::DefectCode, CatalogRename::Likely, draft.told.value, newCode, profile,
+                         QStringLiteral("LC_ID_CD"));
 }
 
 } // namespace
 
+// Thousands of profiles may share thousands of codes.
 void findDefectCodeChanges(EditionPair &pair)
 {
+    struct Variant
+    {
+        EditionPair::Records lists;
+        ProfilePairs::Set profiles;
+    };
+    const auto valuesOf = [](const Edition &edition, int list) {
+        return list < 0 ? -1 : valuesKey(edition.check(), list);
+    };
+    std::map<std::pair<qint64, qint64>, Variant> variants;
     for (int number = 0; number < int(pair.profiles.profiles().size()); ++number) {
         if (!pair.isCompared(number))
             continue;
         const ProfilePairs::Profile &profile = pair.profiles.profile(number);
-        const int oldList = defectList(pair.oldEdition, profile.oldSymbol);
-        const int newList = defectList(pair.newEdition, profile.newSymbol);
-        if (oldList >= 0 && newList >= 0)
-            pair.records.push_back({oldList, newList});
-        DefectCodesComparison(pair, number, oldList, newList).compare();
+        const EditionPair::Records lists = {defectList(pair.oldEdition, profile.oldSymbol),
+                                            defectList(pair.newEdition, profile.newSymbol)};
+        if (lists.oldRecord >= 0 && lists.newRecord >= 0)
+            pair.records.push_back(lists);
+        const auto values = std::make_pair(valuesOf(pair.oldEdition, lists.oldRecord),
+                                           valuesOf(pair.newEdition, lists.newRecord));
+        variants.insert({values, {lists, {}}}).first->second.profiles.append(number);
     }
+    for (const auto &[values, found] : variants)
+        DefectCodesComparison(pair, found.profiles, found.lists.oldRecord, found.lists.newRecord).compare();
 }
 
 } // namespace Orvida::Checking

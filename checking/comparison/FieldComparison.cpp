@@ -281,6 +281,9 @@ void FieldComparison::tellList(Change change, CatalogChangeClass changeClass, co
     if (touched.empty())
         return;
     ChangeDraft &draft = add(change, changeClass, touched);
+    // So that all fields that are changed in the same profiles share the set.
+    if (touched == profiles)
+        draft.profiles = profiles;
     draft.told.oldText = oldText(Px::PX_ListClass_ID);
     draft.told.newText = newText(Px::PX_ListClass_ID);
     draft.told.list = draft.told.newText;

@@ -207,14 +207,30 @@ void compareUnusedLists(EditionPair &pair)
     for (const Edition *edition : {&pair.oldEdition, &pair.newEdition})
         used.insert(edition->common(edition->catalog().texts.find(u"LC_ID_CD")));
     const Unused unused = unusedGroups(pair, used, ListClassToken::LC_Profile_FK, &CatalogLinks::lists);
-    tellUnused(pair, unused, [&pair](const Records &records) {
-        const auto before = entriesByValue(pair.oldEdition, records.oldRecord);
-        const auto after = entriesByValue(pair.newEdition, records.newRecord);
-        return std::equal(before.begin(), before.end(), after.begin(), after.end(),
-                          [](const ListEntry &a, const ListEntry &b) {
-                              return a.value == b.value && a.caption == b.caption && a.item == b.item
-                                     && a.sortOrder == b.sortOrder && a.count == b.count;
-                          });
+    // By what they hold: thousands of lists may have the same entries.
+    using Entries = std::vector<ListEntry>;
+    using Known = std::map<qint64, Entries>;
+    Known olds;
+    Known news;
+    const auto entriesIn = [](const Edition &edition, int record, Known &known) -> const Entries & {
+        const auto [entries, isNew] = known.insert({valuesKey(edition.check(), record), Entries()});
+        if (isNew)
+            entries->second = entriesByValue(edition, record);
+        return entries->second;
+    };
+    std::map<std::pair<const Entries *, const Entries *>, bool> areSame;
+    tellUnused(pair, unused, [&](const Records &records) {
+        const Entries &before = entriesIn(pair.oldEdition, records.oldRecord, olds);
+        const Entries &after = entriesIn(pair.newEdition, records.newRecord, news);
+        const auto [known, isNew] = areSame.insert({{&before, &after}, false});
+        if (isNew)
+            known->second = std::equal(before.begin(), before.end(), after.begin(), after.end(),
+                                       [](const ListEntry &a, const ListEntry &b) {
+                                           return a.value == b.value && a.caption == b.caption
+                                                  && a.item == b.item && a.sortOrder == b.sortOrder
+                                                  && a.count == b.count;
+                                       });
+        return known->second;
     });
 }
 

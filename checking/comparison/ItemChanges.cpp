@@ -2,6 +2,7 @@
 
 #include "checking/comparison/Similarity_p.h"
 #include "checking/findings/Wording_p.h"
+#include "checking/reading/Characters_p.h"
 #include "checking/rules/CaptionRules_p.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ using Evidence = ItemPairs::Evidence;
 // A property of items, and its fields in the three kinds of records; 0 where one does not have it.
 struct Property
 {
-    enum Kind { Number, Flag, Text, Code, Prose, Observation };
+    enum Kind { Number, Flag, Code, Codes, Prose, Observation };
 
     Change change;
     Kind kind;
@@ -38,7 +39,7 @@ constexpr Property properties[] = {
      int(Extension::CE_AutoPicture)},
     {Change::CloseCodeChanged, Property::Code, "close code", 0, int(Base::BC_CloseCode),
      int(Extension::CE_CloseCode)},
-    {Change::FollowersChanged, Property::Text, "followers", 0, 0, int(Extension::CE_Follower)},
+    {Change::FollowersChanged, Property::Codes, "followers", 0, 0, int(Extension::CE_Follower)},
     {Change::CaptionChanged, Property::Prose, "caption", int(Class::CLASS_Item), int(Base::BC_Item),
      int(Extension::CE_Item)},
     {Change::RemarksChanged, Property::Prose, "remarks", int(Class::CLASS_Remarks), int(Base::BC_Remarks),
@@ -113,6 +114,7 @@ private:
     void compareVirtual();
     void compareProperty(const Property &property);
     bool isChanged(const Property &property, const ItemField &before, const ItemField &after) const;
+    bool areSameCodes(QStringView before, QStringView after) const;
     bool isRenamedCode(QStringView before, QStringView after) const;
 
     EditionPair &m_pair;
@@ -293,8 +295,23 @@ bool ItemComparison::isChanged(const Property &property, const ItemField &before
     case Property::Number: return before.number() != after.number();
     case Property::Flag: return before.flag() != after.flag();
     case Property::Code: return !isRenamedCode(before.text(), after.text());
+    case Property::Codes: return !areSameCodes(before.text(), after.text());
     default: return true;
     }
+}
+
+// Whether the codes in one text are those in the other, under their new names.
+bool ItemComparison::areSameCodes(QStringView before, QStringView after) const
+{
+    const auto codesIn = [](QStringView text) {
+        std::vector<QStringView> codes;
+        forEachWord(text, [&codes](QStringView code) { codes.push_back(code); });
+        return codes;
+    };
+    const std::vector<QStringView> olds = codesIn(before);
+    const std::vector<QStringView> news = codesIn(after);
+    return std::equal(olds.begin(), olds.end(), news.begin(), news.end(),
+                      [this](QStringView a, QStringView b) { return a == b || isRenamedCode(a, b); });
 }
 
 // Whether one code is the other one under its new name.

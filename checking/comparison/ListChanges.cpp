@@ -13,100 +13,150 @@ namespace Orvida::Checking {
 
 namespace {
 
-// Whether texts that both editions number have little in common.
-bool areUnlike(const Edition &oldEdition, int oldRecord, const Edition &newEdition, int newRecord,
-               ListItemToken token)
+// Whether an entry has nothing but its value in common with another one. A text that both lack says nothing.
+bool isReused(const Edition &oldEdition, const ListEntry &before, const Edition &newEdition,
+              const ListEntry &after)
 {
-    return meanSomethingElse(oldEdition.text(oldRecord, token), newEdition.text(newRecord, token));
+    const auto isUnlike = [&](ListItemToken token) {
+        return meanSomethingElse(oldEdition.text(before.record, token), newEdition.text(after.record, token));
+    };
+    const bool lackCaptions = before.caption == 0 && after.caption == 0;
+    const bool lackItems = before.item == 0 && after.item == 0;
+    return !(lackCaptions && lackItems) && (lackCaptions || isUnlike(ListItemToken::LIST_Caption))
+           && (lackItems || isUnlike(ListItemToken::LIST_Item));
 }
 
-// Compares a list in one profile.
-class ListComparison
+struct EntryChange
+{
+    ListEntry before;
+    ListEntry after;
+};
+
+// How the entries of two lists differ.
+struct ListDifference
+{
+    ValueChoice oldChoice = ValueChoice::Item;
+    ValueChoice newChoice = ValueChoice::Item;
+    /// Entries of the same value whose texts differ.
+    std::vector<EntryChange> changed;
+    std::vector<EntryChange> renamed;
+    std::vector<ListEntry> removed;
+    std::vector<ListEntry> added;
+    bool isReordered = false;
+};
+
+bool isSameEntry(const ListEntry &a, const ListEntry &b)
+{
+    return a.caption == b.caption && a.item == b.item && a.count == b.count;
+}
+
+ListDifference differenceOf(EditionPair &pair, const EditionPair::Records &lists)
+{
+    ListDifference difference;
+    difference.oldChoice = valueChoice(pair.oldEdition.check(), lists.oldRecord);
+    difference.newChoice = valueChoice(pair.newEdition.check(), lists.newRecord);
+    const std::vector<ListEntry> olds = entriesByValue(pair.oldEdition, lists.oldRecord);
+    const std::vector<ListEntry> news = entriesByValue(pair.newEdition, lists.newRecord);
+    const EntryPairs pairs = pairEntries(olds, news);
+    std::vector<std::pair<int, int>> orders;
+    const auto note = [&](const EntryPairs::Pair &found, std::vector<EntryChange> &changes, bool isChange) {
+        const ListEntry &before = olds[std::size_t(found.oldEntry)];
+        const ListEntry &after = news[std::size_t(found.newEntry)];
+        pair.records.push_back({before.record, after.record});
+        orders.emplace_back(before.sortOrder, after.sortOrder);
+        if (isChange || !isSameEntry(before, after))
+            changes.push_back({before, after});
+    };
+    for (const EntryPairs::Pair &found : pairs.same)
+        note(found, difference.changed, false);
+    for (const EntryPairs::Pair &found : pairs.renamed)
+        note(found, difference.renamed, true);
+    for (const int entry : pairs.removed)
+        difference.removed.push_back(olds[std::size_t(entry)]);
+    for (const int entry : pairs.added)
+        difference.added.push_back(news[std::size_t(entry)]);
+    difference.isReordered = isReordered(std::move(orders));
+    return difference;
+}
+
+// Tells how a list differs in profiles in which it has the same entries.
+class ListTeller
 {
 public:
-    ListComparison(EditionPair &pair, int usedList, int profile, int oldRecord, int newRecord)
+    ListTeller(EditionPair &pair, int usedList, const ProfilePairs::Set &profiles,
+               const EditionPair::Records &lists, const ListDifference &difference)
         : m_pair(pair),
           m_usedList(usedList),
-          m_profile(profile),
-          m_oldRecord(oldRecord),
-          m_newRecord(newRecord),
-          m_oldChoice(valueChoice(pair.oldEdition.check(), oldRecord)),
-          m_newChoice(valueChoice(pair.newEdition.check(), newRecord)),
-          m_olds(entriesByValue(pair.oldEdition, oldRecord)),
-          m_news(entriesByValue(pair.newEdition, newRecord)),
-          m_id(pair.newEdition.string(newRecord, ListClassToken::LC_Class_ID))
+          m_profiles(profiles),
+          m_lists(lists),
+          m_difference(difference),
+          m_id(pair.newEdition.string(lists.newRecord, ListClassToken::LC_Class_ID))
     {
     }
 
-    void compare();
+    void tell();
 
 private:
     ChangeDraft &add(Change change);
     ChangeDraft &addValue(Change change, const ListEntry *before, const ListEntry *after);
     QString oldValue(const ListEntry &entry) const
     {
-        return m_pair.oldEdition.text(listValue(m_pair.oldEdition.check(), m_oldChoice, entry.record))
+        return m_pair.oldEdition
+            .text(listValue(m_pair.oldEdition.check(), m_difference.oldChoice, entry.record))
             .toString();
     }
     QString newValue(const ListEntry &entry) const
     {
-        return m_pair.newEdition.text(listValue(m_pair.newEdition.check(), m_newChoice, entry.record))
+        return m_pair.newEdition
+            .text(listValue(m_pair.newEdition.check(), m_difference.newChoice, entry.record))
             .toString();
     }
-    bool compareRule();
-    void compareTexts(const ListEntry &before, const ListEntry &after);
-    void tellRenamed(const ListEntry &before, const ListEntry &after, bool isRuleSame);
-    void compareOrder(const EntryPairs &pairs);
+    bool isRuleSame() const { return m_difference.oldChoice == m_difference.newChoice; }
+    void tellRule();
+    void tellTexts(const ListEntry &before, const ListEntry &after);
+    void tellRenamed(const ListEntry &before, const ListEntry &after);
 
     EditionPair &m_pair;
     const int m_usedList;
-    const int m_profile;
-    const int m_oldRecord;
-    const int m_newRecord;
-    const ValueChoice m_oldChoice;
-    const ValueChoice m_newChoice;
-    const std::vector<ListEntry> m_olds;
-    const std::vector<ListEntry> m_news;
+    const ProfilePairs::Set m_profiles;
+    const EditionPair::Records m_lists;
+    const ListDifference &m_difference;
     const QString m_id;
 };
 
-void ListComparison::compare()
+void ListTeller::tell()
 {
-    const bool isRuleSame = compareRule();
-    const EntryPairs pairs = pairEntries(m_olds, m_news);
-    m_pair.records.push_back({m_oldRecord, m_newRecord});
-    for (const auto [oldEntry, newEntry] : pairs.same)
-        compareTexts(m_olds[std::size_t(oldEntry)], m_news[std::size_t(newEntry)]);
-    for (const auto [oldEntry, newEntry] : pairs.renamed)
-        tellRenamed(m_olds[std::size_t(oldEntry)], m_news[std::size_t(newEntry)], isRuleSame);
-    for (const int entry : pairs.removed) {
-        const ListEntry &removed = m_olds[std::size_t(entry)];
+    if (!isRuleSame())
+        tellRule();
+    for (const EntryChange &change : m_difference.changed)
+        tellTexts(change.before, change.after);
+    for (const EntryChange &change : m_difference.renamed)
+        tellRenamed(change.before, change.after);
+    for (const ListEntry &removed : m_difference.removed)
         addValue(Change::ValueRemoved, &removed, nullptr).told.message =
             QStringLiteral("value %1 removed").arg(quoted(oldValue(removed)));
-    }
-    for (const int entry : pairs.added) {
-        const ListEntry &added = m_news[std::size_t(entry)];
+    for (const ListEntry &added : m_difference.added)
         addValue(Change::ValueAdded, nullptr, &added).told.message =
             QStringLiteral("value %1 added").arg(quoted(newValue(added)));
-    }
-    compareOrder(pairs);
+    if (m_difference.isReordered)
+        add(Change::ValuesReordered).told.message = QStringLiteral("values in another order");
 }
 
-ChangeDraft &ListComparison::add(Change change)
+ChangeDraft &ListTeller::add(Change change)
 {
     ChangeDraft &draft = m_pair.report.add(change);
-    draft.profiles = {m_profile};
+    draft.profiles = m_profiles;
     draft.usedList = m_usedList;
     draft.place.area = ReportPlace::Lists;
     draft.told.list = m_id;
     draft.told.subject = QStringLiteral("list ") + shown(m_id);
-    draft.told.oldPlace = m_pair.oldEdition.placeOf(m_oldRecord);
-    draft.told.newPlace = m_pair.newEdition.placeOf(m_newRecord);
+    draft.told.oldPlace = m_pair.oldEdition.placeOf(m_lists.oldRecord);
+    draft.told.newPlace = m_pair.newEdition.placeOf(m_lists.newRecord);
     return draft;
 }
 
 // In the order of the new list; what is gone comes where it was in the old one.
-ChangeDraft &ListComparison::addValue(Change change, const ListEntry *before, const ListEntry *after)
+ChangeDraft &ListTeller::addValue(Change change, const ListEntry *before, const ListEntry *after)
 {
     ChangeDraft &draft = add(change);
     draft.place.value = after ? after->sortOrder : before->sortOrder;
@@ -130,68 +180,49 @@ QString choiceText(ValueChoice choice)
     return QStringLiteral("item texts");
 }
 
-bool ListComparison::compareRule()
+void ListTeller::tellRule()
 {
-    if (m_oldChoice == m_newChoice)
-        return true;
     ChangeDraft &draft = add(Change::ValueRuleChanged);
-    draft.told.oldText = m_pair.oldEdition.string(m_oldRecord, ListClassToken::LC_TypeFlags);
-    draft.told.newText = m_pair.newEdition.string(m_newRecord, ListClassToken::LC_TypeFlags);
-    draft.told.oldPlace = m_pair.oldEdition.placeOf(m_oldRecord, int(ListClassToken::LC_TypeFlags));
-    draft.told.newPlace = m_pair.newEdition.placeOf(m_newRecord, int(ListClassToken::LC_TypeFlags));
-    draft.told.message =
-        QStringLiteral("records %1 instead of %2").arg(choiceText(m_newChoice), choiceText(m_oldChoice));
-    return false;
+    draft.told.oldText = m_pair.oldEdition.string(m_lists.oldRecord, ListClassToken::LC_TypeFlags);
+    draft.told.newText = m_pair.newEdition.string(m_lists.newRecord, ListClassToken::LC_TypeFlags);
+    draft.told.oldPlace = m_pair.oldEdition.placeOf(m_lists.oldRecord, int(ListClassToken::LC_TypeFlags));
+    draft.told.newPlace = m_pair.newEdition.placeOf(m_lists.newRecord, int(ListClassToken::LC_TypeFlags));
+    draft.told.message = QStringLiteral("records %1 instead of %2")
+                             .arg(choiceText(m_difference.newChoice), choiceText(m_difference.oldChoice));
 }
 
-void ListComparison::compareTexts(const ListEntry &before, const ListEntry &after)
+void ListTeller::tellTexts(const ListEntry &before, const ListEntry &after)
 {
-    m_pair.records.push_back({before.record, after.record});
-    if (before.caption == after.caption && before.item == after.item && before.count == after.count)
-        return;
     const Edition &olds = m_pair.oldEdition;
     const Edition &news = m_pair.newEdition;
-    const bool isReused = areUnlike(olds, before.record, news, after.record, ListItemToken::LIST_Caption)
-                          && areUnlike(olds, before.record, news, after.record, ListItemToken::LIST_Item);
+    const bool isOther = isReused(olds, before, news, after);
     const ListItemToken token =
         before.caption != after.caption ? ListItemToken::LIST_Caption : ListItemToken::LIST_Item;
     ChangeDraft &draft =
-        addValue(isReused ? Change::ValueReused : Change::ValueCaptionChanged, &before, &after);
+        addValue(isOther ? Change::ValueReused : Change::ValueCaptionChanged, &before, &after);
     draft.told.oldText = olds.string(before.record, token);
     draft.told.newText = news.string(after.record, token);
     const QString texts = fromTo(draft.told.oldText, draft.told.newText);
     const QString value = quoted(draft.told.value);
-    draft.told.message = isReused ? QStringLiteral("value %1 used for something else: %2").arg(value, texts)
-                                  : QStringLiteral("value %1: %2").arg(value, texts);
+    draft.told.message = isOther ? QStringLiteral("value %1 used for something else: %2").arg(value, texts)
+                                 : QStringLiteral("value %1: %2").arg(value, texts);
     if (before.caption == after.caption && before.item == after.item)
         draft.told.message =
             QStringLiteral("value %1 of %2 now").arg(value, counted(after.count, "entry", "entries"));
 }
 
-void ListComparison::tellRenamed(const ListEntry &before, const ListEntry &after, bool isRuleSame)
+void ListTeller::tellRenamed(const ListEntry &before, const ListEntry &after)
 {
-    m_pair.records.push_back({before.record, after.record});
-    m_pair.addRename(CatalogRename::Value, CatalogRename::Likely, oldValue(before), newValue(after),
-                     m_profile, m_id);
-    if (!isRuleSame)
+    for (const int profile : m_profiles)
+        m_pair.addRename(CatalogRename::Value, CatalogRename::Likely, oldValue(before), newValue(after),
+                         profile, m_id);
+    if (!isRuleSame())
         return;
     const bool isSameItem = before.item == after.item && before.item != 0;
     addValue(Change::ValueRenamed, &before, &after).told.message =
         QStringLiteral("value %1 → %2 renamed (same %3)")
             .arg(quoted(oldValue(before)), quoted(newValue(after)),
                  isSameItem ? QStringLiteral("item text") : QStringLiteral("caption"));
-}
-
-void ListComparison::compareOrder(const EntryPairs &pairs)
-{
-    std::vector<std::pair<int, int>> orders;
-    for (const auto &found : {pairs.same, pairs.renamed}) {
-        for (const auto [oldEntry, newEntry] : found)
-            orders.emplace_back(m_olds[std::size_t(oldEntry)].sortOrder,
-                                m_news[std::size_t(newEntry)].sortOrder);
-    }
-    if (isReordered(std::move(orders)))
-        add(Change::ValuesReordered).told.message = QStringLiteral("values in another order");
 }
 
 // All profiles in which some field uses the list.
@@ -206,48 +237,100 @@ std::set<int> profilesOf(const UsedLists::List &list)
     return profiles;
 }
 
+// A list in profiles in which it has the same entries.
+struct Variant
+{
+    EditionPair::Records lists;
+    ProfilePairs::Set profiles;
+};
+
+// By what the lists of both editions hold: thousands of profiles may share thousands of entries.
+std::map<std::pair<qint64, qint64>, Variant> variantsOf(EditionPair &pair, const UsedLists &lists,
+                                                        const UsedLists::List &list)
+{
+    std::map<std::pair<qint64, qint64>, Variant> variants;
+    for (const int profile : profilesOf(list)) {
+        const EditionPair::Records records = {lists.oldRecord(list.oldId, profile),
+                                              lists.newRecord(list.newId, profile)};
+        if (records.oldRecord < 0 || records.newRecord < 0)
+            continue;
+        pair.records.push_back(records);
+        const auto values = std::make_pair(valuesKey(pair.oldEdition.check(), records.oldRecord),
+                                           valuesKey(pair.newEdition.check(), records.newRecord));
+        variants.insert({values, {records, {}}}).first->second.profiles.append(profile);
+    }
+    return variants;
+}
+
 } // namespace
 
 void findListChanges(EditionPair &pair, const UsedLists &lists)
 {
+    // Many lists may have the same entries, too.
+    std::map<std::pair<qint64, qint64>, ListDifference> differences;
     for (int number = 0; number < int(lists.lists().size()); ++number) {
-        const UsedLists::List &list = lists.lists()[std::size_t(number)];
-        for (const int profile : profilesOf(list)) {
-            const int oldRecord = lists.oldRecord(list.oldId, profile);
-            const int newRecord = lists.newRecord(list.newId, profile);
-            if (oldRecord >= 0 && newRecord >= 0)
-                ListComparison(pair, number, profile, oldRecord, newRecord).compare();
+        for (const auto &[values, found] : variantsOf(pair, lists, lists.lists()[std::size_t(number)])) {
+            auto known = differences.find(values);
+            if (known == differences.end())
+                known = differences.emplace(values, differenceOf(pair, found.lists)).first;
+            ListTeller(pair, number, found.profiles, found.lists, known->second).tell();
         }
     }
 }
 
+namespace {
+
+bool overlap(const ProfilePairs::Set &a, const ProfilePairs::Set &b)
+{
+    const ProfilePairs::Set &fewer = a.size() < b.size() ? a : b;
+    const ProfilePairs::Set &more = a.size() < b.size() ? b : a;
+    return std::any_of(fewer.begin(), fewer.end(), [&more](int profile) {
+        return std::binary_search(more.begin(), more.end(), profile);
+    });
+}
+
+} // namespace
+
+// Most changes share the data of their sets, which spares looking for the uses that they touch.
 void TouchedCodes::describe(ChangeDraft &draft)
 {
-    const auto place = std::make_pair(draft.usedList, draft.profiles);
-    auto known = m_known.find(place);
-    if (known == m_known.end())
-        known = m_known.emplace(place, codesOf(m_lists.lists()[std::size_t(draft.usedList)], draft.profiles))
-                    .first;
-    draft.told.codes = known->second.names;
-    draft.told.codeCount = known->second.count;
+    const Codes *&codes = m_knownBySet[{draft.usedList, draft.profiles.constData()}];
+    if (!codes)
+        codes = &codesOf(draft.usedList, draft.profiles);
+    draft.told.codes = codes->names;
+    draft.told.codeCount = codes->count;
+}
+
+const TouchedCodes::Codes &TouchedCodes::codesOf(int list, const ProfilePairs::Set &profiles)
+{
+    std::vector<const Items *> touched;
+    for (const auto &[usedIn, items] : usesOf(list)) {
+        if (overlap(*usedIn, profiles))
+            touched.push_back(&items);
+    }
+    const auto [known, isNew] = m_known.insert({touched, Codes()});
+    if (isNew)
+        known->second = codesOf(touched);
+    return known->second;
+}
+
+const TouchedCodes::Uses &TouchedCodes::usesOf(int list)
+{
+    const auto [known, isNew] = m_uses.insert({list, Uses()});
+    if (isNew) {
+        for (const UsedLists::Use &use : m_lists.lists()[std::size_t(list)].uses)
+            known->second[use.profiles].push_back(use.newItem);
+    }
+    return known->second;
 }
 
 // By the tree.
-TouchedCodes::Codes TouchedCodes::codesOf(const UsedLists::List &list,
-                                          const ProfilePairs::Set &profiles) const
+TouchedCodes::Codes TouchedCodes::codesOf(const std::vector<const Items *> &touched) const
 {
     constexpr int mostNamed = 20;
-    std::map<const ProfilePairs::Set *, bool> isTouched;
-    std::vector<int> items;
-    for (const UsedLists::Use &use : list.uses) {
-        const auto [known, isNew] = isTouched.insert({use.profiles, false});
-        if (isNew)
-            known->second = std::any_of(use.profiles->begin(), use.profiles->end(), [&](int profile) {
-                return std::binary_search(profiles.begin(), profiles.end(), profile);
-            });
-        if (known->second)
-            items.push_back(use.newItem);
-    }
+    Items items;
+    for (const Items *some : touched)
+        items.insert(items.end(), some->begin(), some->end());
     std::sort(items.begin(), items.end(),
               [this](int a, int b) { return m_pair.placeOfNew(a).position < m_pair.placeOfNew(b).position; });
     items.erase(std::unique(items.begin(), items.end()), items.end());

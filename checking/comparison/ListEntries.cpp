@@ -34,6 +34,11 @@ std::vector<ListEntry> entriesByValue(const Edition &edition, int record)
         else
             entries.push_back(entry);
     }
+    // What is renamed is paired in this order, which must not depend on the order of records.
+    std::sort(entries.begin(), entries.end(), [&](const ListEntry &a, const ListEntry &b) {
+        return edition.text(listValue(edition.check(), choice, a.record))
+               < edition.text(listValue(edition.check(), choice, b.record));
+    });
     return entries;
 }
 

@@ -4,6 +4,7 @@
 #include "checking/comparison/Edition_p.h"
 
 #include <QHash>
+#include <QVector>
 
 #include <vector>
 
@@ -16,8 +17,9 @@ class ProfilePairs
 public:
     using Text = Edition::Text;
 
-    /// Profiles by their number here, in ascending order.
-    using Set = std::vector<int>;
+    /// Profiles by their number here, in ascending order. Copies share their data: thousands of changes may
+    /// concern the same thousands of profiles.
+    using Set = QVector<int>;
 
     struct Profile
     {

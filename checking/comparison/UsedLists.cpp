@@ -41,7 +41,7 @@ int UsedLists::recordOf(const Edition &edition, Symbol id, Symbol profile)
     return record < 0 || entriesOf(edition.check(), record).isEmpty() ? -1 : record;
 }
 
-ListRelation UsedLists::related(Symbol oldId, Symbol newId) const
+ListRelation UsedLists::related(Symbol oldId, Symbol newId)
 {
     std::set<int> profiles;
     for (const int record : m_pair.oldEdition.links().lists(oldId))
@@ -67,21 +67,35 @@ ListRelation UsedLists::related(Symbol oldId, Symbol newId) const
     return relation;
 }
 
-bool UsedLists::losesValues(int oldList, int newList) const
+// Thousands of lists may have the same thousands of entries.
+bool UsedLists::losesValues(int oldList, int newList)
 {
-    const auto valuesOf = [](const Edition &edition, int list) {
-        const ValueChoice choice = valueChoice(edition.check(), list);
-        std::vector<Edition::Text> values;
-        for (const int entry : entriesOf(edition.check(), list))
-            values.push_back(edition.common(listValue(edition.check(), choice, entry)));
-        std::sort(values.begin(), values.end());
-        return values;
-    };
-    const std::vector<Edition::Text> olds = valuesOf(m_pair.oldEdition, oldList);
-    const std::vector<Edition::Text> news = valuesOf(m_pair.newEdition, newList);
-    return std::any_of(olds.begin(), olds.end(), [&](Edition::Text value) {
-        return !std::binary_search(news.begin(), news.end(), value);
-    });
+    const auto lists = std::make_pair(valuesKey(m_pair.oldEdition.check(), oldList),
+                                      valuesKey(m_pair.newEdition.check(), newList));
+    const auto [known, isNew] = m_losses.insert({lists, false});
+    if (isNew) {
+        const std::vector<Edition::Text> &olds = valuesOf(m_pair.oldEdition, oldList, m_oldValues);
+        const std::vector<Edition::Text> &news = valuesOf(m_pair.newEdition, newList, m_newValues);
+        known->second = std::any_of(olds.begin(), olds.end(), [&](Edition::Text value) {
+            return !std::binary_search(news.begin(), news.end(), value);
+        });
+    }
+    return known->second;
+}
+
+// Each value once.
+const std::vector<Edition::Text> &UsedLists::valuesOf(const Edition &edition, int list, Values &values)
+{
+    const auto [known, isNew] = values.insert({valuesKey(edition.check(), list), {}});
+    std::vector<Edition::Text> &result = known->second;
+    if (!isNew)
+        return result;
+    const ValueChoice choice = valueChoice(edition.check(), list);
+    for (const int entry : entriesOf(edition.check(), list))
+        result.push_back(edition.common(listValue(edition.check(), choice, entry)));
+    std::sort(result.begin(), result.end());
+    result.erase(std::unique(result.begin(), result.end()), result.end());
+    return result;
 }
 
 } // namespace Orvida::Checking

@@ -6,6 +6,7 @@
 #include <QHash>
 
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace Orvida::Checking {
@@ -57,13 +58,20 @@ public:
 
 private:
     static int recordOf(const Edition &edition, Symbol id, Symbol profile);
-    ListRelation related(Symbol oldId, Symbol newId) const;
-    bool losesValues(int oldList, int newList) const;
+    /// The values of lists, sorted, by `valuesKey()`.
+    using Values = std::map<qint64, std::vector<Edition::Text>>;
+
+    ListRelation related(Symbol oldId, Symbol newId);
+    bool losesValues(int oldList, int newList);
+    static const std::vector<Edition::Text> &valuesOf(const Edition &edition, int list, Values &values);
 
     const EditionPair &m_pair;
     std::vector<List> m_lists;
     QHash<Edition::Text, int> m_places;
     std::map<qint64, ListRelation> m_relations;
+    Values m_oldValues;
+    Values m_newValues;
+    std::map<std::pair<qint64, qint64>, bool> m_losses;
 };
 
 } // namespace Orvida::Checking

@@ -213,7 +213,7 @@ void DiffCommand::printChanges(CommandOutput &output, const CatalogComparison &c
     switch (m_format) {
     case Format::Text: ChangeText(output.stream(), OutputStyle(m_color), comparison).print(m_listsAll); break;
     case Format::Json: printChangeJson(output, comparison, *m_oldName, *m_newName, m_listsAll); break;
-    case Format::Csv: output.write(changeTable(comparison, m_listsAll)); break;
+    case Format::Csv: printChangeTable(output, comparison, m_listsAll); break;
     }
 }
 
