@@ -19,8 +19,9 @@ namespace Orvida::Checking {
 /// was renamed.
 ///
 /// A comparison holds the settings, and the result of its last run. It logs nothing and shares nothing with
-/// other comparisons: one serves one thread at a time, several may run at once. Takes time and memory in
-/// proportion to the files, whatever they hold.
+/// other comparisons: one serves one thread at a time, several may run at once. Time and memory are in
+/// proportion to the files as long as profiles are few; with thousands of profiles, they are in proportion to
+/// profiles times changed fields or values.
 class ORVIDA_CHECKING_EXPORT CatalogComparison
 {
 public:

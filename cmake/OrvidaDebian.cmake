@@ -63,11 +63,16 @@ foreach(component runtime development tools)
   install(FILES ${PROJECT_BINARY_DIR}/debian/changelog.gz ${PROJECT_SOURCE_DIR}/cmake/debian/copyright
     DESTINATION ${folder} COMPONENT ${component})
 endforeach()
-install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/docs/host-guide.md
+# The pages refer to each other as in the sources.
+install(FILES ${PROJECT_SOURCE_DIR}/README.md
   DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/liborvidacatalogs-dev COMPONENT development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/liborvidacatalogs-dev COMPONENT development
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN generator EXCLUDE)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples
   DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/liborvidacatalogs-dev COMPONENT development)
 install(FILES ${PROJECT_SOURCE_DIR}/docs/format.md ${PROJECT_SOURCE_DIR}/docs/checking.md
+  ${PROJECT_SOURCE_DIR}/docs/comparing.md ${PROJECT_SOURCE_DIR}/docs/json.md
   DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/orvida-catalog COMPONENT tools)
 foreach(component runtime development)
   string(TOUPPER ${component} key)
