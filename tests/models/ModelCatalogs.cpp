@@ -4,6 +4,7 @@
 #include "support/TestSupport.h"
 
 #include <QDir>
+#include <QPair>
 #include <QRandomGenerator>
 
 namespace Orvida::Tests {
@@ -24,10 +25,25 @@ ItemPtr addItem(Catalog &catalog, const QString &id, const QString &parentId)
     return item;
 }
 
+// Children that were added to items after linking. They may hold each other in loops, and then nothing but
+// removing them destroys the items.
+using AddedChildren = QVector<QPair<ItemPtr, ItemPtr>>;
+
+void removeChildren(AddedChildren &added)
+{
+    for (const auto &[parent, child] : qAsConst(added))
+        parent->removeChildItem(child);
+    added.clear();
+}
+
 CatalogSptr randomCatalog(quint32 seed)
 {
     QRandomGenerator random(seed);
-    auto catalog = CatalogSptr::create(QString::number(seed));
+    const auto added = QSharedPointer<AddedChildren>::create();
+    const CatalogSptr catalog(new Catalog(QString::number(seed)), [added](Catalog *ended) {
+        removeChildren(*added);
+        delete ended;
+    });
     addItem(*catalog, QString(), QString());
     const int count = random.bounded(60);
     const auto anyId = [&] { return QString::number(random.bounded(count)); };
@@ -38,7 +54,9 @@ CatalogSptr randomCatalog(quint32 seed)
     }
     catalog->setStatus(Catalog::Loaded);
     for (int link = 0; count > 0 && link < 5; ++link)
-        catalog->findItemById(anyId())->addChildItem(catalog->findItemById(anyId()));
+        added->append({catalog->findItemById(anyId()), catalog->findItemById(anyId())});
+    for (const auto &[parent, child] : qAsConst(*added))
+        parent->addChildItem(child);
     if (count > 0)
         catalog->findItemById(anyId())->addChildItem(ItemPtr());
     return catalog;
