@@ -207,20 +207,6 @@ const CatalogReadFailure &failureOf(const Reading &reading)
     return reading.firstRefusal.reason == CatalogReadFailure::None ? reading.fault : reading.firstRefusal;
 }
 
-namespace {
-
-// Where QXmlStreamReader finds a premature end moves with each call that follows, and a load calls it less or
-// more often than a check. So the place is taken from a load.
-CatalogReadFailure prematureEnd(const QString &fileName, const CatalogReadFailure &seenHere)
-{
-    Catalogs::CatalogXMLParser parser;
-    QHash<QString, QSharedPointer<Catalogs::CatalogItem>> items;
-    const bool isRead = parser.readFile(fileName, items);
-    return !isRead && parser.failure().reason == seenHere.reason ? parser.failure() : seenHere;
-}
-
-} // namespace
-
 Reading CatalogChecker::Private::read(const QString &fileName, bool isReadable) const
 {
     Catalogs::XmlInput input;
@@ -242,9 +228,6 @@ Reading CatalogChecker::Private::read(const QString &fileName, bool isReadable) 
         reading.fault = input.failureToOpen();
     else if (!locate(xml, input.file, reading))
         reading.fault = input.failureToRead();
-    const bool isCutOff = input.reader.error() == QXmlStreamReader::PrematureEndOfDocumentError;
-    if (isCutOff && reading.fault.reason == CatalogReadFailure::NotWellFormed && !input.file.isSequential())
-        reading.fault = prematureEnd(fileName, reading.fault);
     return reading;
 }
 

@@ -20,6 +20,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <tuple>
 #include <utility>
 
 namespace Orvida::Catalogs {
@@ -151,12 +152,15 @@ private:
     // A load passes over it.
     [[nodiscard]] bool readCatalogInfo()
     {
-        if constexpr (!Observer::isStoring) {
-            return readRecord(
+        if constexpr (Observer::isStoring) {
+            m_observer.skip(m_xml);
+        } else {
+            // Nothing refuses it. A load goes on even if the document ends in it, and QXmlStreamReader moves
+            // the place of a premature end with each call.
+            std::ignore = readRecord(
                 Section::CATALOG, &CCatalogTokenizer::stringToCatalogInfoToken, {},
                 [](CCatalogTokenizer::CatalogInfoToken, const QStringRef &) {}, [] {});
         }
-        m_observer.skip(m_xml);
         return true;
     }
 
