@@ -1,4 +1,4 @@
-// Two XML parsers behind the interface of the library's record loop, so that each can fill the same catalog.
+// Two XML parsers with the interface of the library's record loop, so that each can fill the same catalog.
 #pragma once
 
 #include <QFile>

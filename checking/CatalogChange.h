@@ -27,7 +27,7 @@ struct CatalogChangeKind
     QString explanation;
 };
 
-/// A place in one of the two files: right behind the start tag of the record or field that is meant. Line and
+/// A place in one of the two files: right after the start tag of the record or field that is meant. Line and
 /// column are counted from 1, columns in UTF-16 code units; line 0 means that there is none.
 struct CatalogChangePlace
 {

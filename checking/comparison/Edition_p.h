@@ -84,7 +84,7 @@ public:
 
     /// The first record of this kind; -1 when there is none.
     int firstRecord(Section kind) const;
-    /// Behind the start tag of a field, or of the record when it has no such field.
+    /// After the start tag of a field, or of the record when it has no such field.
     CatalogChangePlace placeOf(int record, int token = -1) const;
 
 private:

@@ -107,7 +107,7 @@ QStringList PlainXml::attributeNames() const
     return names;
 }
 
-// As for the other reader, a reference to a blank is none.
+// As for the other reader, a reference to a space is not white space.
 bool PlainXml::isWhitespace() const
 {
     return m_type == QXmlStreamReader::Characters && std::all_of(m_bytes.begin(), m_bytes.end(), isSpace);

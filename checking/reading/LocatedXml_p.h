@@ -25,7 +25,7 @@ public:
     virtual TokenType readNext() = 0;
 
     TokenType tokenType() const { return m_type; }
-    /// Right behind the current token.
+    /// Right after the current token.
     Position position() const { return m_position; }
     /// Of a start tag, as QXmlStreamReader has them.
     qint64 lineNumber() const { return m_position.line; }

@@ -12,7 +12,7 @@ namespace Orvida::Checking {
 
 namespace {
 
-// Whether a field is missing or blank, unless it holds a scrambled text that is reported as wrong.
+// Whether a field is missing or only white space, unless it holds a scrambled text that is reported as wrong.
 bool isMissing(const Check &check, int record, int token)
 {
     const LocatedField *field = check.catalog.fieldOf(record, token);

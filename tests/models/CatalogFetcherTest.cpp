@@ -183,7 +183,7 @@ void CatalogFetcherTest::withdrawsRequests()
     m_files->close();
     m_fetcher->fetch(addCatalog(text("running")));
     QVERIFY(m_files->isReached());
-    m_fetcher->fetch(addCatalog(text("behind it")));
+    m_fetcher->fetch(addCatalog(text("waiting")));
     m_fetcher->fetch(addCatalog(text("last")));
     QVERIFY(m_fetcher->cancel(1) && m_fetcher->cancel(2));
     QVERIFY(!m_fetcher->cancel(1) && !m_fetcher->cancel(0) && !m_fetcher->cancel(4));
@@ -191,7 +191,7 @@ void CatalogFetcherTest::withdrawsRequests()
     m_files->open();
     QTRY_COMPARE(m_told, QStringList(text("3 last")));
     QVERIFY(!m_fetcher->cancel(3));
-    QVERIFY(m_files->questions(text("running")) == 1 && m_files->questions(text("behind it")) == 0);
+    QVERIFY(m_files->questions(text("running")) == 1 && m_files->questions(text("waiting")) == 0);
     m_fetcher->fetch(text("running"));
     m_fetcher->cancelAll();
     m_fetcher->fetch(text("running"));

@@ -9,6 +9,7 @@
 #include <QLoggingCategory>
 #include <QMutexLocker>
 #include <QRegularExpression>
+#include <QXmlStreamReader>
 
 #include <cstdio>
 #include <fcntl.h>
@@ -70,6 +71,20 @@ QByteArray scrambledForm(const QByteArray &clear)
         done = match.capturedEnd(2);
     }
     return (result + bytes.midRef(done)).toLatin1();
+}
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool isWellFormed(const QByteArray &document)
+{
+    QXmlStreamReader reader(document);
+    while (!reader.atEnd())
+        reader.readNext();
+    return !reader.hasError();
 }
 
 QByteArray scrambledCatalog(const QString &path)

@@ -33,6 +33,10 @@ inline QString text(const char *utf8)
     return QString::fromUtf8(utf8);
 }
 
+/// The content of the file at `path`; empty when it cannot be read.
+QByteArray bytesOf(const QString &path);
+bool isWellFormed(const QByteArray &document);
+
 /// `records` inside the root element of a catalog file.
 QByteArray catalogXml(const QByteArray &records);
 

@@ -19,20 +19,6 @@ using Orvida::Tools::CatalogLayout;
 
 namespace {
 
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool isWellFormed(const QByteArray &document)
-{
-    QXmlStreamReader reader(document);
-    while (!reader.atEnd())
-        reader.readNext();
-    return !reader.hasError();
-}
-
 // What a load reads of the file; of one that is refused, which record is.
 QStringList listingOf(const QByteArray &document)
 {
@@ -98,11 +84,11 @@ void CatalogLayoutTest::changesNothingButTheLayout_data()
     for (const QString &folder : folders) {
         QList<QByteArray> documents;
         for (const QFileInfo &file : QDir(QFINDTESTDATA(folder)).entryInfoList(QDir::Files))
-            documents << contentOf(file.filePath());
+            documents << bytesOf(file.filePath());
         QVERIFY(!documents.isEmpty());
         QTest::newRow(qPrintable(folder)) << documents;
     }
-    const QByteArray sample = contentOf(text(ORVIDA_SAMPLES) + text("/tunnels.xml"));
+    const QByteArray sample = bytesOf(text(ORVIDA_SAMPLES) + text("/tunnels.xml"));
     QByteArray withoutLineBreaks = sample;
     withoutLineBreaks.replace("\n", "");
     QTest::newRow("sample") << QList<QByteArray>{sample, withoutLineBreaks,

@@ -1,6 +1,7 @@
 // Unscrambling and scrambling again gives the same bytes, whatever the texts, the encoding and the markup.
 
 #include "catalogs/reading/ScrambledText.h"
+#include "support/TestSupport.h"
 #include "tools/TextForm.h"
 
 #include <QFile>
@@ -10,6 +11,9 @@
 #include <QtTest>
 
 using namespace Orvida::Tools;
+
+using Orvida::Tests::bytesOf;
+using Orvida::Tests::isWellFormed;
 
 namespace {
 
@@ -51,20 +55,6 @@ QByteArray randomDocument(QRandomGenerator &random, const QByteArray &encoding)
                     + text("</CLASS_Item><!-- <CLASS_Item>1</CLASS_Item> --></CLASS>");
     }
     return QTextCodec::codecForName(encoding)->fromUnicode(document + lineEnd + text("</OVCAT>"));
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool isWellFormed(const QByteArray &document)
-{
-    QXmlStreamReader reader(document);
-    while (!reader.atEnd())
-        reader.readNext();
-    return !reader.hasError();
 }
 
 } // namespace
@@ -119,7 +109,7 @@ void FormChangeTest::keepsTheLinesOfFiles_data()
 void FormChangeTest::keepsTheLinesOfFiles()
 {
     QFETCH(QString, path);
-    const QByteArray document = contentOf(path);
+    const QByteArray document = bytesOf(path);
     const FormChange change(document);
     QCOMPARE(change.failure().has_value(), !isWellFormed(document));
     if (change.failure())
@@ -135,7 +125,7 @@ void FormChangeTest::keepsTheLinesOfFiles()
 void FormChangeTest::refusesNothingButBrokenXml()
 {
     QRandomGenerator random(2);
-    const QByteArray original = contentOf(QFINDTESTDATA("transcripts/files/pieces.xml"));
+    const QByteArray original = bytesOf(QFINDTESTDATA("transcripts/files/pieces.xml"));
     for (int round = 0; round < 3000; ++round) {
         QByteArray document = original;
         for (int changes = random.bounded(1, 4); changes > 0; --changes) {

@@ -10,7 +10,7 @@ import subprocess
 import sys
 
 
-# What an option needs or excludes, which --help puts behind its name.
+# What an option needs or excludes, which --help prints after its name.
 CONDITION = r" (Needs|Excludes): (.*)"
 
 
